@@ -27,7 +27,12 @@ struct trg_fval {
 };
 
 // Sticky status of the library; users clear it before an operation.
-enum a_fp_status : int { fps_invalid = 1, fps_divide_by_zero = 2, fps_overflow = 4, fps_underflow = 8 };
+enum a_fp_status : int {
+  fps_invalid = 1,
+  fps_divide_by_zero = 2,
+  fps_overflow = 4,
+  fps_underflow = 8
+};
 extern thread_local int fp_error;
 
 extern const simul_fval const_one, one, neg_one, const_ten, const_sixteen, two, neg_two, four;
@@ -40,7 +45,9 @@ inline bool f_mantissa_is_zero(const simul_fval &v) {
   return (v.mantissa[0] | v.mantissa[1] | v.mantissa[2] | v.mantissa[3] | v.mantissa[4] |
           v.mantissa[5]) == 0;
 }
-inline bool f_is_zero(const simul_fval &v) { return v.exponent == simul_exp_zero && f_mantissa_is_zero(v); }
+inline bool f_is_zero(const simul_fval &v) {
+  return v.exponent == simul_exp_zero && f_mantissa_is_zero(v);
+}
 inline bool f_is_infinity(const simul_fval &v) {
   return v.exponent == simul_exp_special && f_mantissa_is_zero(v);
 }
