@@ -5,9 +5,6 @@
 #ifndef DRIVER_FE_INIT_H
 #define DRIVER_FE_INIT_H
 
-extern bool in_front_end;                    // the front end proper runs
-extern const char *compilation_date_string;  // ctime text of the start; null before it
-
 // Before the command line: every option and counter gets its default. No region exists.
 void fe_early_init();
 // Behind the command line: fixed tables, variables that differ per unit.

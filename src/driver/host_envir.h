@@ -42,7 +42,9 @@ struct a_getc_source_state {
 
 // ---- Fixed after the command line --------------------------------------------------------------
 
-extern std::FILE *f_error;  // where messages go
+extern std::FILE *f_error;                   // where messages go
+extern bool in_front_end;                    // the front end proper runs
+extern const char *compilation_date_string;  // ctime text of the start; null before it
 extern bool host_little_endian;
 extern bool use_predefined_macro_file;
 extern const char *current_directory_name;
