@@ -18,7 +18,6 @@
 struct a_source_position;
 struct a_cached_token;
 struct a_lexical_state_stack_entry;
-struct a_rescan_stack_entry;
 struct a_concatenation_record;
 struct a_text_buffer;
 
@@ -61,12 +60,10 @@ extern a_type *ud_lit_type_for_curr_token;        // user-defined literal: the t
 extern const char *curr_token_asm_string;         // text of an inline-assembly string
 extern a_cached_token *curr_cached_token_handle;  // identity of the cached token; null: from text
 extern a_pending_pragma *curr_token_pragmas;      // pragmas in front of this token, in order
-extern a_source_position error_position;          // where a syntax error is to be reported
 extern an_error_code err_code_for_error_token;    // why curr_token is tok_error
 extern bool any_initial_get_token_tests_needed;   // cached tokens, rescan or pragmas are waiting
 extern bool curr_token_is_inert_macro;            // an identifier that is never expanded again
 extern bool curr_token_is_temporarily_inert;      // not expanded now; a rescan may
-extern a_source_position pos_of_macro_invocation;  // of the expansion being read; null: none
 extern bool comma_is_from_argument;  // the next comma came from an argument, it does not separate
 extern bool first_token_on_line_seen;  // a token was already taken from the current line
 
@@ -123,10 +120,12 @@ bool check_context_sensitive_keyword(a_token_kind kind, const char *text);
 
 // ---- Recovery ----------------------------------------------------------------------------------
 
+using a_stop_token_count = std::uint16_t;
+
 // Counts of the tokens at which enclosing constructs can go on after a syntax error.
 struct a_stop_token_stack_entry {
   a_stop_token_stack_entry *next;
-  std::uint8_t stop_tokens[tok_last];
+  a_stop_token_count stop_tokens[tok_last];
 };
 extern a_stop_token_stack_entry *curr_stop_token_stack_entry;
 void push_stop_token_stack();
@@ -141,7 +140,7 @@ inline void remove_stop_token(a_token_kind kind) {
 // where a long skip ended.
 void flush_tokens();
 void flush_tokens_without_warning();
-void flush_tokens_with_stop_tokens_and_warning_flag(const std::uint8_t stops[tok_last],
+void flush_tokens_with_stop_tokens_and_warning_flag(const a_stop_token_count stops[tok_last],
                                                     bool no_warning);
 // From an opening bracket to its closing one, which becomes the current token; limited: gives up a
 // few lines further down.
@@ -187,11 +186,11 @@ enum a_cache_stream_flag : unsigned {
   csf_template_aware = 1,     // names are coalesced, < behind template and the casts is a bracket
   csf_stop_at_semicolon = 2,  // a ; ends a bracketed group
 };
-void cache_token_stream(a_token_cache *cache, const std::uint8_t stops[tok_last]);
-void cache_token_stream_full(a_token_cache *cache, const std::uint8_t stops[tok_last],
+void cache_token_stream(a_token_cache *cache, const a_stop_token_count stops[tok_last]);
+void cache_token_stream_full(a_token_cache *cache, const a_stop_token_count stops[tok_last],
                              unsigned flags);
 void cache_token_stream_coalesce_identifiers(a_token_cache *cache,
-                                             const std::uint8_t stops[tok_last]);
+                                             const a_stop_token_count stops[tok_last]);
 // From an opening bracket through its closing one, which is cached and is the current token when
 // true is returned; false: the stream ended first.
 bool cache_token_stream_until_matching_token(a_token_cache *cache, unsigned flags);
