@@ -88,7 +88,12 @@ struct a_diag_hooks {
   // The physical source line of a position as UTF-8 text, false if it cannot be had.
   bool (*source_line)(const a_source_position *position, a_text_buffer *out);
   void (*flush_tokens)();
-  void (*output_cancelled)();  // the first error was counted
+  // Name, line, and whether it lies just past the end of the source, for a sequence number.
+  void (*file_and_line)(std::uint32_t seq, const char **file, std::uint32_t *line, bool *at_end);
+  bool (*in_system_header)(std::uint32_t seq);
+  const a_source_position *error_position;  // for reports without a position
+  std::FILE *(*raw_listing)();              // null: none is written
+  void (*finish_raw_listing)();
 };
 extern a_diag_hooks diag_hooks;
 
