@@ -12,6 +12,7 @@
 #include "driver/switches.h"
 
 a_diag_hooks diag_hooks;
+a_source_position error_position;
 
 bool display_error_context_on_catastrophe = true;
 std::uint64_t total_errors;

@@ -91,8 +91,7 @@ struct a_diag_hooks {
   // Name, line, and whether it lies just past the end of the source, for a sequence number.
   void (*file_and_line)(std::uint32_t seq, const char **file, std::uint32_t *line, bool *at_end);
   bool (*in_system_header)(std::uint32_t seq);
-  const a_source_position *error_position;  // for reports without a position
-  std::FILE *(*raw_listing)();              // null: none is written
+  std::FILE *(*raw_listing)();  // null: none is written
   void (*finish_raw_listing)();
 };
 extern a_diag_hooks diag_hooks;

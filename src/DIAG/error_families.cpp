@@ -165,30 +165,30 @@ void pos2_sy_diagnostic(SEVERITY_CODE_POS, const a_source_position *pos2, a_symb
 // ---- At error_position or at a symbol ----------------------------------------------------------
 
 void diagnostic(an_error_severity severity, an_error_code code) {
-  report(severity, code, diag_hooks.error_position);
+  report(severity, code, &error_position);
 }
 void str_diagnostic(an_error_severity severity, an_error_code code, const char *text) {
-  report(severity, code, diag_hooks.error_position, text);
+  report(severity, code, &error_position, text);
 }
 void type_diagnostic(an_error_severity severity, an_error_code code, a_type *type) {
-  report(severity, code, diag_hooks.error_position, type);
+  report(severity, code, &error_position, type);
 }
 void sym_diagnostic(an_error_severity severity, an_error_code code, a_symbol *symbol) {
   report(severity, code, symbol_position(symbol), symbol);
 }
 
 void syntax_error(an_error_code code) {
-  report(es_error, code, diag_hooks.error_position);
+  report(es_error, code, &error_position);
   if (diag_hooks.flush_tokens != nullptr) diag_hooks.flush_tokens();
 }
 
 // ---- The end of the compilation ----------------------------------------------------------------
 
 void catastrophe(an_error_code code) {
-  report_last(es_catastrophe, code, diag_hooks.error_position);
+  report_last(es_catastrophe, code, &error_position);
 }
 void str_catastrophe(an_error_code code, const char *text) {
-  report_last(es_catastrophe, code, diag_hooks.error_position, text);
+  report_last(es_catastrophe, code, &error_position, text);
 }
 void pos_st_catastrophe(an_error_code code, const a_source_position *pos, const char *text) {
   report_last(es_catastrophe, code, pos, text);
@@ -198,11 +198,11 @@ void pos_str2_catastrophe(an_error_code code, const a_source_position *pos, cons
   report_last(es_catastrophe, code, pos, text1, text2);
 }
 void str_errno_catastrophe(an_error_code code, const char *text, int errno_value) {
-  report_last(es_catastrophe, code, diag_hooks.error_position, text,
+  report_last(es_catastrophe, code, &error_position, text,
               static_cast<const char *>(std::strerror(errno_value)));
 }
 void internal_error(const char *text) {
-  report_last(es_internal_error, ect_1812, diag_hooks.error_position, text);
+  report_last(es_internal_error, ect_1812, &error_position, text);
 }
 
 void command_line_error(an_error_code code) {

@@ -49,7 +49,7 @@ void file_open_error(an_error_severity severity, an_error_code kind_text, const 
   const an_error_code code = reason != nullptr ? ec_cannot_open_file_reason : ec_cannot_open_file;
   a_diagnostic *d = severity == es_command_line_error
                         ? start_command_line_error(code)
-                        : pos_start_diagnostic(severity, code, diag_hooks.error_position);
+                        : pos_start_diagnostic(severity, code, &error_position);
   add_string_argument(d, text_by_number(kind_text));
   add_string_argument(d, name);
   if (reason != nullptr) add_string_argument(d, reason);

@@ -160,7 +160,7 @@ bool pop_diag_severities(const a_source_position *pos) {
 
 bool reported_error_severity(an_error_code code, an_error_severity severity,
                              an_error_severity *out) {
-  *out = effective_severity(code, severity, diag_hooks.error_position);
+  *out = effective_severity(code, severity, &error_position);
   return *out != severity;
 }
 

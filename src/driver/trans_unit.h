@@ -77,8 +77,6 @@ void pop_translation_unit_stack();
 bool push_translation_unit_if_needed(a_symbol *symbol);
 a_trans_unit_corresp *alloc_trans_unit_corresp();
 
-// Parses the tokens of the current unit up to the end of the source.
-void translation_unit();
 // Ends the unit: its file scope, the functions that wait for the unit's id, the advice.
 void translation_unit_wrapup();
 

@@ -1,0 +1,152 @@
+// Signals. The handlers run on a stack of their own and touch only static buffers, the standard
+// streams and _Exit, since the process may be corrupted.
+#include "driver/signals.h"
+
+#include <csignal>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <initializer_list>
+
+#include "DIAG/error.h"
+#include "driver/cfe.h"
+#include "driver/host_envir.h"
+#include "driver/signal_place.h"
+
+namespace {
+
+a_signal_handler end_callback;
+
+const char *reason_of(int sig) {
+  switch (sig) {
+    case SIGILL:
+      return "executed an illegal instruction";
+    case SIGTRAP:
+      return "received a TRAP signal";
+    case SIGABRT:
+      return "had an internal inconsistency and aborted";
+    case SIGBUS:
+      return "experienced a bus alignment fault";
+    case SIGFPE:
+      return "received a floating point exception";
+    case SIGSEGV:
+      return "experienced a segmentation fault";
+    case SIGXCPU:
+      return "exceeded the CPU time limit";
+    case SIGXFSZ:
+      return "exceeded the file size limit";
+    case SIGSYS:
+      return "experienced a bad system call";
+    default:
+      return "experienced a fatal internal fault";
+  }
+}
+
+// Formats where the compilation was; the last byte of the buffer stays a null.
+const char *place_text(const char *format, ...) {
+  static char buffer[2048];
+  std::va_list arguments;
+  va_start(arguments, format);
+  std::vsnprintf(buffer, sizeof buffer, format, arguments);
+  va_end(arguments);
+  buffer[sizeof buffer - 1] = '\0';
+  return buffer;
+}
+
+void install(int sig, a_signal_handler handler) {
+  struct sigaction action {};
+  action.sa_handler = handler;
+  action.sa_flags = SA_ONSTACK | SA_NODEFER;
+  sigemptyset(&action.sa_mask);
+  sigaction(sig, &action, nullptr);
+}
+
+// An interrupt or a request to end: as a catastrophe, without its message.
+void interrupt_handler(int) {
+  std::fputc('\n', f_error);
+  term_compilation(es_catastrophe);
+}
+
+}  // namespace
+
+void install_common_handlers(a_signal_handler handler, a_signal_handler callback) {
+  end_callback = callback;
+  for (int sig : {SIGILL, SIGABRT, SIGFPE, SIGSEGV, SIGTERM, SIGINT, SIGHUP, SIGTRAP, SIGBUS,
+                  SIGSYS, SIGXCPU, SIGXFSZ}) {
+    install(sig, handler);
+  }
+}
+
+void install_interrupt_handlers() {
+  install(SIGINT, interrupt_handler);
+  install(SIGTERM, interrupt_handler);
+  std::signal(SIGXFSZ, SIG_IGN);  // a write then fails in the ordinary way
+}
+
+void install_signal_stack() {
+  static char stack[64 * 1024];
+  stack_t signal_stack{};
+  signal_stack.ss_sp = stack;
+  signal_stack.ss_size = sizeof stack;
+  sigaltstack(&signal_stack, nullptr);
+}
+
+void primary_signal_handler(int sig) {
+  const char *tool = sys_argv != nullptr && sys_argv[0] != nullptr ? sys_argv[0] : "unknown";
+  if (sig == SIGHUP || sig == SIGINT || sig == SIGTERM) {
+    std::fprintf(
+        stderr, sig == SIGTERM ? "[%s received a terminate signal]\n" : "[%s forced exit]\n", tool);
+    unlink_begun_outputs();
+    std::_Exit(2);
+  }
+  // A second fault while this one is told ends the process at once.
+  static volatile std::sig_atomic_t already_here;
+  if (already_here) {
+    unlink_begun_outputs();
+    std::_Exit(2);
+  }
+  already_here = 1;
+  unlink_begun_outputs();
+  a_signal_place place;
+  find_signal_place(&place);
+  static const char *const reason = reason_of(sig);
+  const char *where = place_text("while processing function %s file %s line %lu", place.function,
+                                 place.file, place.line);
+  std::fprintf(stderr, "\nINTERNAL ERROR: %s %s\n", tool, reason);
+  if (*where != '\0') std::fprintf(stderr, "                  %s\n", where);
+  std::fputc('\n', stderr);
+  std::fflush(nullptr);
+  print_support_message();
+  std::fflush(nullptr);
+  if (end_callback != nullptr) end_callback(sig);
+  std::_Exit(2);
+}
+
+const char *tool_name() {
+  return "EABI C/C++ Parser";
+}
+
+void print_support_message() {
+  const char *name = tool_name();
+  std::fprintf(stderr,
+               "This is caused by a defect in the QX %s.\n"
+               "QX Customer Support may be able to suggest a workaround to avoid this.\n\n"
+               "Upgrading to the newest version of the compiler may fix this problem.\n\n"
+               "Please report this problem to QX Customer Support.\n\n"
+               "We need to see this ENTIRE error message and a complete, reproducible\n"
+               "test case including ALL of the command-line options.\n",
+               name);
+  if (std::strstr(name, "C/C++ Parser") != nullptr ||
+      std::strstr(name, "C/C++ Optimizer") != nullptr ||
+      std::strstr(name, "C/C++ Codegen") != nullptr) {
+    std::fputs("Include the .pp file created by option --preproc_with_comment\n\n", stderr);
+  } else if (std::strcmp(name, "Linker") == 0) {
+    std::fputs(
+        "Include all of the object files, libraries, and linker command files\n"
+        "used to link the program.\n\n",
+        stderr);
+  } else {
+    std::fputc('\n', stderr);
+  }
+}

@@ -1,0 +1,288 @@
+// Messages: their text and layout, what the user can change about them, and the limits.
+#include "DIAG/error.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "UTIL/basics.h"
+#include "driver/host_envir.h"
+#include "driver/mem_manage.h"
+#include "driver/switches.h"
+#include "il/src_seq.h"
+
+namespace {
+
+// The source of these tests: sequence numbers 1 to 99 are lines of "file.c", from 100 on of the
+// system header "sys.h", 1000 lies behind the end.
+void file_and_line(std::uint32_t seq, const char **file, std::uint32_t *line, bool *at_end) {
+  *file = seq < 100 || seq == 1000 ? "file.c" : "sys.h";
+  *line = seq < 100 ? seq : seq - 99;
+  *at_end = seq == 1000;
+}
+bool in_system_header(std::uint32_t seq) {
+  return seq >= 100 && seq < 1000;
+}
+bool source_line(const a_source_position *, a_text_buffer *out) {
+  f_add_string_to_text_buffer(out, "\tint \xC3\xA4 = y;\r");
+  return true;
+}
+
+a_source_position at(std::uint32_t seq, int column = 1) {
+  a_source_position pos{};
+  pos.seq = seq;
+  pos.column = static_cast<std::uint16_t>(column);
+  return pos;
+}
+
+class Messages : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    reset_switches();
+    error_early_init();
+    error_init();
+    diag_hooks = {};
+    diag_hooks.file_and_line = file_and_line;
+    diag_hooks.in_system_header = in_system_header;
+    display_error_number = true;
+    brief_diagnostics = true;
+    primary_source_file_name = "file.c";
+    f_error = open_memstream(&text_, &size_);
+  }
+  void TearDown() override {
+    std::fclose(f_error);
+    std::free(text_);
+    f_error = stderr;
+  }
+  // What was written since the last call.
+  std::string output() {
+    std::fflush(f_error);
+    std::string result(text_ + read_, size_ - read_);
+    read_ = size_;
+    return result;
+  }
+
+ private:
+  char *text_ = nullptr;
+  std::size_t size_ = 0;
+  std::size_t read_ = 0;
+};
+
+TEST_F(Messages, HeaderTellsPlaceSeverityAndNumber) {
+  const a_source_position pos = at(12, 5);
+  pos_st_error(ec_include_recursion, &pos, "a.h");
+  EXPECT_EQ(output(), "\"file.c\", line 12: error #3: #include file \"a.h\" includes itself\n");
+  pos_warning(ec_comment_unclosed_at_eof, &pos);
+  EXPECT_EQ(output(), "\"file.c\", line 12: warning #6-D: comment unclosed at end of file\n");
+  display_error_number = false;
+  pos_error(ec_bad_token, &pos);
+  EXPECT_EQ(output(), "\"file.c\", line 12: error: unrecognized token\n");
+  pos_error(ec_bad_token, nullptr);
+  EXPECT_EQ(output(), "Error: unrecognized token\n");
+  const a_source_position end = at(1000);
+  pos_error(ec_missing_endif, &end);
+  EXPECT_EQ(output(), "At end of source: error: the #endif for this directive is missing\n");
+  EXPECT_EQ(total_errors, 4u);
+  EXPECT_EQ(total_warnings, 1u);
+}
+
+TEST_F(Messages, ArgumentsAreNumberedWithinTheirKind) {
+  // "cannot open %s file %sq2: %s3"
+  const a_source_position pos = at(1);
+  pos_st3_diagnostic(es_error, ec_cannot_open_file_reason, &pos, "source", "x.c", "no reason");
+  EXPECT_EQ(output(), "\"file.c\", line 1: error #" + std::to_string(ec_cannot_open_file_reason) +
+                          ": cannot open source file \"x.c\": no reason\n");
+}
+
+TEST_F(Messages, BreaksLongLinesAtBlanks) {
+  brief_diagnostics = false;
+  const a_source_position pos = at(7);
+  const std::string words =
+      "one two three four five six seven eight nine ten eleven twelve "
+      "thirteen fourteen fifteen sixteen seventeen eighteen nineteen";
+  pos_st_error(ec_error_directive, &pos, words.c_str());
+  const std::string text = output();
+  std::string joined;
+  std::size_t start = 0;
+  int lines = 0;
+  ASSERT_TRUE(text.ends_with("\n\n"));
+  for (std::size_t end; (end = text.find('\n', start)) + 1 < text.size(); start = end + 1) {
+    std::string line = text.substr(start, end - start);
+    EXPECT_LE(line.size(), 79u);
+    if (lines++ > 0) {
+      EXPECT_EQ(line.substr(0, 11).find_first_not_of(' '), 10u);
+      line = " " + line.substr(10);
+    }
+    joined += line;
+  }
+  EXPECT_EQ(lines, 3);
+  // The column is told where the source line cannot be shown.
+  EXPECT_EQ(joined, "\"file.c\", line 7 (col. 1): error #35: #error directive: " + words);
+}
+
+TEST_F(Messages, CutsAWordThatIsLongerThanTheLine) {
+  brief_diagnostics = false;
+  display_error_number = false;
+  pos_st_error(ec_error_directive, nullptr, std::string(200, 'x').c_str());
+  const std::string text = output();
+  // "Error: #error directive: " has its last blank at 24; the word follows on lines of its own.
+  EXPECT_EQ(text.substr(0, 25), "Error: #error directive:\n");
+  EXPECT_EQ(text.substr(25, 80), std::string(10, ' ') + std::string(69, 'x') + "\n");
+}
+
+TEST_F(Messages, ShowsTheSourceLineWithACaret) {
+  brief_diagnostics = false;
+  diag_hooks.source_line = source_line;
+  const a_source_position pos = at(3, 6 + 2);
+  pos_error(ec_bad_token, &pos);
+  // The tab stays a tab, and the two bytes of the letter count once.
+  EXPECT_EQ(output(),
+            "\"file.c\", line 3: error #7: unrecognized token\n"
+            "\tint \xC3\xA4 = y; \n\t      ^\n\n");
+}
+
+TEST_F(Messages, SystemHeadersSpeakOnlyOfRealErrors) {
+  const a_source_position pos = at(150);
+  pos_warning(ec_bad_token, &pos);
+  set_severity_for_error_number(ec_nested_comment, es_discretionary_error, nullptr, true);
+  pos_warning(ec_nested_comment, &pos);
+  EXPECT_EQ(output(), "");
+  EXPECT_EQ(total_errors, 0u);
+  pos_error(ec_bad_token, &pos);
+  EXPECT_EQ(output(), "\"sys.h\", line 51: error #7: unrecognized token\n");
+}
+
+TEST_F(Messages, OverridesHoldFromTheirPlaceOn) {
+  set_severity_for_error_list("nested_comment, 7", es_none);
+  const a_source_position before = at(5), pragma = at(10), after = at(20);
+  pos_warning(ec_bad_token, &before);
+  EXPECT_EQ(set_severity_for_error_number(7, es_discretionary_error, &pragma, false), 0);
+  pos_warning(ec_bad_token, &before);  // reported late about an earlier place
+  EXPECT_EQ(output(), "");
+  pos_warning(ec_bad_token, &after);
+  EXPECT_EQ(output(), "\"file.c\", line 20: error #7-D: unrecognized token\n");
+  EXPECT_EQ(total_errors, 1u);
+
+  const a_source_position back = at(30), last = at(31);
+  set_severity_for_error_tag("bad_token", es_default, &back, false);
+  pos_warning(ec_bad_token, &last);
+  EXPECT_EQ(output(), "");
+  pos_error(ec_bad_token, &last);  // a plain error cannot be changed
+  EXPECT_NE(output(), "");
+  EXPECT_EQ(set_severity_for_error_tag("no_such_tag", es_none, nullptr, true), 1);
+  EXPECT_EQ(set_severity_for_error_number(3192, es_none, nullptr, true), 1);
+}
+
+TEST_F(Messages, PopBringsBackWhatPushSaw) {
+  const a_source_position here = at(10), popped = at(20), later = at(30);
+  push_diag_severities();
+  set_severity_for_error_number(ec_bad_token, es_none, &here, false);
+  pos_warning(ec_bad_token, &popped);
+  EXPECT_EQ(output(), "");
+  EXPECT_TRUE(pop_diag_severities(&popped));
+  pos_warning(ec_bad_token, &later);
+  EXPECT_NE(output(), "");
+  EXPECT_FALSE(pop_diag_severities(&later));
+}
+
+TEST_F(Messages, OnceMeansOnce) {
+  const a_source_position pos = at(1), pragma = at(2), later = at(3);
+  set_severity_for_error_number(ec_bad_token, es_once, &pragma, false);
+  pos_warning(ec_bad_token, &later);
+  EXPECT_NE(output(), "");
+  pos_warning(ec_bad_token, &later);
+  pos_warning(ec_bad_token, &pos);
+  EXPECT_EQ(output(), "");
+  pos_error(ec_bad_token, &later);
+  EXPECT_NE(output(), "");
+}
+
+TEST_F(Messages, WarningsCanCountAsErrors) {
+  warning_as_error_mode = true;
+  const a_source_position pos = at(1);
+  pos_warning(ec_bad_token, &pos);
+  EXPECT_EQ(output(), "\"file.c\", line 1: error #7-D: unrecognized token\n");
+  EXPECT_EQ(total_errors, 1u);
+  EXPECT_TRUE(is_effective_error(ec_bad_token, es_warning, &pos));
+}
+
+TEST_F(Messages, SupplementsAndNotesStandBelow) {
+  const a_source_position pos = at(4), other = at(2), elsewhere = at(100);
+  a_diag_list notes{};
+  more_info_diagnostic(ec_bad_token, &other, &notes);
+  a_diagnostic *d = pos_start_error(ec_missing_endif, &pos);
+  add_diag_info_with_pos_insert(d, ect_3010, &other);
+  add_diag_info_with_pos_insert(d, ect_3010, &elsewhere);
+  add_more_info_list(d, &notes);
+  end_diagnostic(d);
+  EXPECT_EQ(output(),
+            "\"file.c\", line 4: error #38: the #endif for this directive is missing\n"
+            "            (see previous declaration at line 2)\n"
+            "            (see previous declaration at line 1 of \"sys.h\")\n"
+            "\"file.c\", line 2: note #7-D: unrecognized token\n");
+  EXPECT_EQ(notes.head, nullptr);
+}
+
+TEST_F(Messages, EveryCodeHasATextAndATagFindsIt) {
+  for (int code = 0; code < num_error_codes; ++code) {
+    ASSERT_NE(error_text(code), nullptr);
+    if (const char *tag = tag_for_error_code(code)) {
+      ASSERT_EQ(error_code_for_tag(tag), code) << tag;
+    }
+  }
+}
+
+using MessagesDeathTest = Messages;
+
+TEST_F(MessagesDeathTest, TheErrorLimitEndsTheCompilation) {
+  error_limit = 2;
+  const a_source_position pos = at(1);
+  auto reach_limit = [&] {
+    f_error = stderr;
+    pos_error(ec_bad_token, &pos);
+    pos_error(ec_bad_token, &pos);
+  };
+  EXPECT_EXIT(reach_limit(), ::testing::ExitedWithCode(4),
+              "token\nError limit reached.\n"
+              "2 errors detected in the compilation of \"file.c\".\nCompilation terminated.\n$");
+}
+
+TEST_F(MessagesDeathTest, CatastrophesEndTheCompilationAndDeleteTheOutput) {
+  const std::string name = ::testing::TempDir() + "begun_output";
+  auto stop = [&] {
+    f_error = stderr;
+    std::fclose(std::fopen(name.c_str(), "w"));
+    note_begun_output(name.c_str());
+    str_catastrophe(ec_file_write_error, "raw listing");
+  };
+  EXPECT_EXIT(stop(), ::testing::ExitedWithCode(4),
+              "Fatal error #[0-9]+: error while writing raw listing file\n"
+              "1 catastrophic error detected");
+  EXPECT_FALSE(is_regular_file(name.c_str()));
+  auto bad_option = [] {
+    f_error = stderr;
+    str_command_line_error(ec_cl_invalid_error_tag, "x");
+  };
+  EXPECT_EXIT(bad_option(), ::testing::ExitedWithCode(4), "Command-line error #");
+}
+
+TEST_F(MessagesDeathTest, AMacroOfTheCommandLineIsNamedInItsErrors) {
+  auto stop = [] {
+    f_error = stderr;
+    curr_cmd_line_or_predef_macro_def = "x(=1";
+    pos_error(ec_exp_macro_param, nullptr);
+  };
+  EXPECT_EXIT(stop(), ::testing::ExitedWithCode(4), "invalid macro definition: x\\(=1");
+}
+
+TEST_F(MessagesDeathTest, ABrokenInvariantIsAnInternalError) {
+  auto stop = [] {
+    f_error = stderr;
+    check_invariant(1 + 1 == 3);
+  };
+  EXPECT_DEATH(stop(), "Internal error.*1 \\+ 1 == 3.*\n(.*\n)*Compilation aborted.");
+}
+
+}  // namespace
