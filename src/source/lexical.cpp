@@ -42,6 +42,7 @@ an_error_code err_code_for_error_token;
 bool any_initial_get_token_tests_needed;
 bool curr_token_is_inert_macro;
 bool curr_token_is_temporarily_inert;
+a_source_position pos_of_macro_invocation;
 bool comma_is_from_argument;
 bool first_token_on_line_seen;
 

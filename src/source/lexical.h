@@ -54,17 +54,18 @@ extern std::uint32_t last_token_sequence_number_of_token;  // of the last piece 
 extern std::uint32_t last_token_sequence_number_used;      // grows by 2 for each token from text
 extern a_symbol_locator locator_for_curr_id;               // of an identifier
 extern a_constant const_for_curr_token;                    // of a literal
-extern a_constant *const_with_curr_tok_spelling;  // user-defined literal: its spelling, or null
-extern a_symbol *ud_lit_op_sym_for_curr_token;    // user-defined literal: the operator
-extern a_type *ud_lit_type_for_curr_token;        // user-defined literal: the type of the literal
-extern const char *curr_token_asm_string;         // text of an inline-assembly string
-extern a_cached_token *curr_cached_token_handle;  // identity of the cached token; null: from text
-extern a_pending_pragma *curr_token_pragmas;      // pragmas in front of this token, in order
-extern an_error_code err_code_for_error_token;    // why curr_token is tok_error
-extern bool any_initial_get_token_tests_needed;   // cached tokens, rescan or pragmas are waiting
-extern bool curr_token_is_inert_macro;            // an identifier that is never expanded again
-extern bool curr_token_is_temporarily_inert;      // not expanded now; a rescan may
-extern bool comma_is_from_argument;  // the next comma came from an argument, it does not separate
+extern a_constant *const_with_curr_tok_spelling;   // user-defined literal: its spelling, or null
+extern a_symbol *ud_lit_op_sym_for_curr_token;     // user-defined literal: the operator
+extern a_type *ud_lit_type_for_curr_token;         // user-defined literal: the type of the literal
+extern const char *curr_token_asm_string;          // text of an inline-assembly string
+extern a_cached_token *curr_cached_token_handle;   // identity of the cached token; null: from text
+extern a_pending_pragma *curr_token_pragmas;       // pragmas in front of this token, in order
+extern an_error_code err_code_for_error_token;     // why curr_token is tok_error
+extern bool any_initial_get_token_tests_needed;    // cached tokens, rescan or pragmas are waiting
+extern bool curr_token_is_inert_macro;             // an identifier that is never expanded again
+extern bool curr_token_is_temporarily_inert;       // not expanded now; a rescan may
+extern a_source_position pos_of_macro_invocation;  // of the expansion being read; null: none
+extern bool comma_is_from_argument;    // the next comma came from an argument, it does not separate
 extern bool first_token_on_line_seen;  // a token was already taken from the current line
 
 // ---- Modes of the scanner, set by others -------------------------------------------------------
@@ -98,7 +99,9 @@ void split_right_shift_token();
 
 // Look-ahead without consuming. Out-parameters may be null.
 a_token_kind next_token_full(std::uint32_t *sequence_number, a_symbol_header **header);
-inline a_token_kind next_token() { return next_token_full(nullptr, nullptr); }
+inline a_token_kind next_token() {
+  return next_token_full(nullptr, nullptr);
+}
 // The kind of the next token; if that is kind, the one behind it goes to *second, else *second is
 // tok_error.
 a_token_kind next_two_tokens(a_token_kind kind, a_token_kind *second);
@@ -131,7 +134,9 @@ extern a_stop_token_stack_entry *curr_stop_token_stack_entry;
 void push_stop_token_stack();
 void pop_stop_token_stack();
 
-inline void add_stop_token(a_token_kind kind) { ++curr_stop_token_stack_entry->stop_tokens[kind]; }
+inline void add_stop_token(a_token_kind kind) {
+  ++curr_stop_token_stack_entry->stop_tokens[kind];
+}
 inline void remove_stop_token(a_token_kind kind) {
   --curr_stop_token_stack_entry->stop_tokens[kind];
 }
@@ -162,7 +167,9 @@ void clear_token_cache(a_token_cache *cache, bool reusable);
 a_token_cache *alloc_token_cache();  // one-shot, empty
 void free_token_cache(a_token_cache *cache);
 void discard_token_cache(a_token_cache *cache);  // gives its tokens back; the cache is empty
-inline bool token_cache_is_empty(const a_token_cache *cache) { return cache->head == nullptr; }
+inline bool token_cache_is_empty(const a_token_cache *cache) {
+  return cache->head == nullptr;
+}
 
 void cache_curr_token(a_token_cache *cache);  // appends the current token, its pragmas before it
 a_cached_token *build_cached_token(a_token_kind kind, std::uint32_t sequence_number,
@@ -177,8 +184,8 @@ void remove_token_from_cache(a_token_cache *cache, a_cached_token *token);
 void split_token_cache(a_token_cache *cache, a_token_cache *out, std::uint32_t first,
                        std::uint32_t last);
 void move_cached_tokens(a_token_cache *from, a_token_cache *to);  // appends all, from is empty
-void terminate_token_cache(a_token_cache *cache);  // appends an end of source
-void adjust_token_handles(a_token_cache *cache);   // after a one-shot cache became reusable
+void terminate_token_cache(a_token_cache *cache);                 // appends an end of source
+void adjust_token_handles(a_token_cache *cache);  // after a one-shot cache became reusable
 
 // Stop sets by token, as in a_stop_token_stack_entry. The stream is read up to a stop token outside
 // any bracketed group; that token is the current one and not in the cache.
