@@ -1,0 +1,39 @@
+// Options that hold for one file or one function: a map from keys to texts.
+#include <map>
+
+#include "driver/host_envir.h"
+#include "il/il_entity.h"
+#include "il/src_seq.h"
+#include "options/cmd_line.h"
+
+namespace {
+std::map<std::string, an_opt_override> opt_overrides;
+}
+
+an_opt_override *lookup_opt_override(const std::string &key, bool create) {
+  auto found = opt_overrides.find(key);
+  if (found != opt_overrides.end()) return &found->second;
+  return create ? &opt_overrides[key] : nullptr;
+}
+
+an_opt_override *get_opt_override(const char *name, const a_source_position *position) {
+  if (opt_overrides.empty()) return nullptr;
+  if (name == nullptr) return lookup_opt_override("-", false);
+  std::string file;
+  if (position != nullptr && position->seq != 0) {
+    const char *file_name = nullptr, *full_name = nullptr;
+    a_line_number line = 0;
+    bool at_end = false;
+    conv_seq_to_file_and_line(position->seq, &file_name, &full_name, &line, &at_end);
+    if (file_name != nullptr) file = start_of_file_name(file_name);
+  }
+  const std::string keys[] = {file + ":" + name, name, file + ":", file};
+  for (const std::string &key : keys)
+    if (an_opt_override * override = lookup_opt_override(key, false)) return override;
+  return nullptr;
+}
+
+an_opt_override *get_opt_override(const a_source_correspondence *entity) {
+  if (entity == nullptr) return get_opt_override(nullptr, nullptr);
+  return get_opt_override(entity->name, &entity->decl_position);
+}
