@@ -372,8 +372,10 @@ void set_severity_for_error_list(const char *list, an_error_severity severity);
 // The stack of #pragma diag_push. Pop returns false when it is empty.
 void push_diag_severities();
 bool pop_diag_severities(const a_source_position *pos);
-// The pragmas, called with their tokens still to be scanned.
-void diag_pragma(a_pending_pragma *pragma);
+// The pragmas, called with their tokens still to be scanned; severity is that of the pragma's kind:
+// diag_suppress es_none, _remark es_remark, _warning es_warning, _error es_discretionary_error,
+// _once es_once, _default es_default.
+void diag_pragma(a_pending_pragma *pragma, an_error_severity severity);
 void diag_push_pragma(a_pending_pragma *pragma);
 void diag_pop_pragma(a_pending_pragma *pragma);
 
