@@ -266,7 +266,7 @@ struct an_exception_specification_type {
 
 struct an_enum_supplement {
   a_type *underlying_type;
-  a_constant *first_enumerator;  // in order of declaration, linked through next
+  a_constant *first_enumerator;  // in order of declaration, linked through next_in_list_in_list
   a_constant *last_enumerator;
   a_source_position decl_position;
   a_template *assoc_template;
