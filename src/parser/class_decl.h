@@ -9,8 +9,8 @@
 #include "il/il_fwd.h"
 #include "il/src_seq.h"
 
-// Reads the definition of class_type from "{" (C++: or ":") through "}"; its attributes behind the
-// brace are read by the caller. The type is complete afterwards, also after errors.
+// Reads the definition of class_type from "{" (C++: or ":") through "}" and the attributes behind
+// it, which take part in the layout. The type is complete afterwards, also after errors.
 void scan_class_definition(a_type *class_type, a_decl_parse_state *state, std::uint32_t flags);
 
 // The end of a definition: flexible array member, checks over all members, layout.

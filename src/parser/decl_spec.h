@@ -46,17 +46,6 @@ enum a_decl_modifier : std::uint32_t {
   dmod_global = 2048,
 };
 
-// Where the parts of a declaration stand; given by callers that keep such positions.
-struct a_decl_pos_block {
-  a_source_position start;                 // first token of the declaration
-  a_source_position specifiers_end;        // last token of the specifiers
-  a_source_position type_start, type_end;  // the type specifiers
-  a_source_position declarator_start, declarator_end;
-  a_source_position identifier_start, identifier_end;
-  a_source_position initializer_start, initializer_end;
-  a_source_position end;
-};
-
 // A check or effect that needs the declared entity (constexpr, thread_local, _Noreturn,
 // __auto_type).
 using an_end_of_parse_routine = void (*)(a_decl_parse_state *state);
@@ -138,6 +127,7 @@ struct a_decl_parse_state {
   an_attribute *specifier_attributes;   // among the specifiers, for the declared entity
   an_attribute *declarator_attributes;  // behind the declarator, for the declared entity
   an_attribute *type_attributes;        // go to the type
+  unsigned qualifiers;                 // cv-qualifiers as written among the specifiers
   std::uint32_t pending_alignment;      // strongest alignas so far; 0: none
   std::uint32_t decl_modifiers;         // a_decl_modifier
 
@@ -211,6 +201,10 @@ a_type *scan_typeof_operator(a_decl_parse_state *state);
 
 // Qualifier bits that restrict_pos and friends refer to: is restrict allowed on type? Reports.
 bool restrict_qualifier_is_allowed(a_type *type, const a_source_position *position);
+
+// Gives the attributes of a tag specifier to its type.
+void attach_tag_attributes(an_attribute *attributes, a_type *type, a_decl_parse_state *state,
+                           bool defining);
 
 // A nameless class or enum got its name from a typedef.
 void set_name_linkage_for_type(a_type *type);

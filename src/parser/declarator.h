@@ -1,9 +1,10 @@
 // Declarators: what stands around a declared name. "* const (*name[3])(int)" is read from the name
 // outwards and turned into a type built on the type of the specifiers.
 //
-// Every derived type is made once, with its inner slot empty, and linked into the list of those
-// made so far; the type of the specifiers goes into the last slot. Function declarators open a
-// prototype scope for their parameters and leave in an a_func_info_block what a definition needs.
+// The parts of a declarator (pointers, arrays, functions) are kept in the order in which they apply to
+// the type of the specifiers, and turned into types when the whole is read, so that pointer types are
+// shared. Function declarators open a prototype scope for their parameters and leave in an
+// a_func_info_block what a definition needs.
 #ifndef PARSER_DECLARATOR_H
 #define PARSER_DECLARATOR_H
 
@@ -94,12 +95,6 @@ enum a_declarator_flag : std::uint64_t {
 void declarator(std::uint64_t flags, a_decl_parse_state *state, a_type *member_class,
                 a_symbol_locator *locator, a_func_info_block *func_info,
                 a_decl_pos_block *positions);
-
-// Links type (a list of derived types whose last slot is open, or the type of the specifiers) into
-// the open slot of the list *top .. *bottom, after the checks of that slot; *top null starts a
-// list.
-void add_to_derived_type_list(a_type *type, a_type **top, a_type **bottom,
-                              a_decl_parse_state *state, bool in_template);
 
 // Array to pointer, function to pointer; false and a message for void and other impossible types.
 bool check_and_adjust_parameter_type(a_decl_parse_state *state, const a_source_position *position);

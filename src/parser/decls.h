@@ -22,15 +22,18 @@ void scan_nonmember_declaration(a_decl_parse_state *state, a_source_range *range
 void declaration(bool in_for_init);
 
 // The declarations between a K&R declarator and the body; the current token is the first of them.
-// Fills the entries of the identifier list; undeclared names become int.
-void scan_knr_parameter_declarations(a_func_info_block *func_info);
+// Fills the entries of the identifier list; undeclared names become int. With routine_type the
+// promoted types also become its parameter types.
+void scan_knr_parameter_declarations(a_func_info_block *func_info, a_type *routine_type = nullptr);
 
 // Is a K&R header with its body standing at the current token, behind the declarator?
 bool is_start_of_function_body(const a_func_info_block *func_info);
 
 void static_assert_declaration();
-void asm_declaration();
 void alias_declaration(a_decl_parse_state *state, const a_source_position *position);
+
+// asm("name") behind a declarator, into state->asm_name.
+void scan_gnu_asm_name(a_decl_parse_state *state);
 
 // Makes or finds the entity of a declarator. Each leaves the symbol in state->symbol and returns
 // it; null after an error that leaves nothing to declare.
@@ -46,8 +49,6 @@ a_symbol *declare_implicit_function(a_symbol_locator *locator);
 // Entity makers; depth is the scope stack entry that owns the entity.
 a_routine *make_routine(a_type *type, std::uint8_t storage_class, int scope_depth);
 a_variable *make_variable(a_type *type, std::uint8_t storage_class, int scope_depth);
-a_symbol *enter_local_symbol(std::uint8_t kind, a_symbol_locator *locator, int depth,
-                             unsigned flags);
 
 // Redeclaration. Reports what does not fit at the severity given; true: the types agree, and the
 // composite type is in force.
