@@ -137,9 +137,7 @@ void fe_translation_unit_init() {
   run_rows(trans_unit_rows);
   enter_all_keywords();
   init_predefined_macros(compilation_date_string);
-  a_scope *file_scope = new_file_scope(0);
-  curr_translation_unit->file_scope = file_scope;
-  push_file_scope(false);
+  push_file_scope(false);  // makes the unit's file scope
   enter_system_specific_predeclared_symbols();
 }
 
