@@ -14,6 +14,7 @@
 #include "UTIL/basics.h"
 #include "driver/mem_manage.h"
 #include "il/il_fwd.h"
+#include "il/il_kinds.h"
 #include "il/src_seq.h"
 
 struct a_hash_table;
@@ -21,12 +22,12 @@ struct a_template_decl_info;
 struct an_instance_info;
 struct a_pack_expansion_stack_entry;
 struct an_active_using;
-enum a_scope_kind : std::uint8_t;  // il/il_kinds.h
 
 // The open lists of a scope. The tails are those of the lists in a_scope.
 struct a_scope_pointers_block {
   a_symbol *first_symbol;
   a_symbol *last_symbol;
+  std::uint32_t num_symbols;
   a_constant *constants_tail;
   a_type *types_tail;
   a_variable *variables_tail;

@@ -39,7 +39,7 @@ void mark_routine_referenced(a_routine *routine);
 // in its scope. Sets and gives locator->symbol.
 a_symbol *reference_to_invalid_name(a_symbol_locator *locator);
 
-// 1215 and its kin for an entity with the deprecated attribute.
+// 1291 for an entity with the deprecated attribute.
 void check_use_of_deprecated_entity(a_source_correspondence *entity,
                                     const a_source_position *position);
 // True if the routine may be used.

@@ -17,10 +17,10 @@
 #include "DIAG/error_codes.h"
 #include "UTIL/basics.h"
 #include "il/il_fwd.h"
+#include "il/il_kinds.h"
 #include "il/src_seq.h"
 
 enum a_token_kind : std::uint16_t;
-enum an_il_entry_kind : std::uint8_t;
 struct a_macro_def;
 struct a_class_symbol_supplement;
 struct a_template_symbol_supplement;
@@ -116,8 +116,8 @@ struct a_symbol {
   a_symbol *block_extern;  // of a name that a block declares extern: its kind 14 or 15 symbol
 };
 
-inline constexpr std::int32_t no_scope_number = -1;
-inline constexpr std::int32_t file_scope_number = 1;  // of the primary unit's file scope
+inline constexpr std::int32_t no_scope_number = -1;  // of macros, keywords, fields of C, errors
+
 
 // What stays with a class while its scope is closed.
 struct a_class_symbol_supplement {
@@ -314,7 +314,6 @@ a_translation_unit *trans_unit_for_symbol(const a_symbol *symbol);
 
 // ---- Access ------------------------------------------------------------------------------------
 
-enum an_access_specifier : std::uint8_t { as_public, as_protected, as_private, as_none };
 // The access of a member through a path.
 an_access_specifier compute_access(an_access_specifier path, an_access_specifier member);
 
