@@ -24,6 +24,7 @@ struct a_directory_name_entry;
 struct an_include_file_history;
 struct a_file_image;
 struct a_concatenation_record;
+struct a_text_buffer;
 
 // ---- Markers -----------------------------------------------------------------------------------
 
@@ -198,7 +199,6 @@ extern an_input_stack_entry *curr_ise;
 an_input_stack_entry *input_stack_entry(int depth);
 extern bool any_tokens_fetched_from_curr_input_file;  // set by the scanner
 extern a_unicode_source_kind_tag curr_file_unicode_source_kind;
-extern a_unicode_source_kind_tag default_source_kind_for_new_files;
 
 inline bool in_included_file() {
   return depth_input_stack > 0;
@@ -216,6 +216,8 @@ bool open_file_and_push_input_stack(const char *name, bool use_search_path, bool
                                     bool do_not_pop, bool is_include_next, bool may_fail,
                                     bool *suppressed);
 void pop_input_stack();
+// The text of a line of a file, for messages. False: it cannot be had.
+bool physical_source_line(const a_source_position *pos, a_text_buffer *out);
 void push_cloned_input_stack_entry();
 void pop_cloned_input_stack_entry();
 

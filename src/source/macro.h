@@ -80,9 +80,24 @@ a_symbol *proc_define();
 // Enters a macro of the system: flags as in a_macro_flag (mf_predefined for most), or 0 for one
 // that programs may redefine. A second different text is a catastrophe.
 void enter_predef_macro(const char *name, const char *text, unsigned flags);
-// The same for "value of the mode's macro", kept in a table by mode name.
-void set_predef_macro_mode(const char *mode, const char *value);
-const char *predef_macro_mode_value(const char *mode);  // null: not set
+// Values that predefined macros may ask for, by mode; they are only stored.
+enum a_predef_macro_mode : std::uint8_t {
+  pmm_none,
+  pmm_gnu,  // GNU modes outside clang
+  pmm_gcc,
+  pmm_gpp,
+  pmm_clang,
+  pmm_clang_c,
+  pmm_clang_cplusplus,
+  pmm_gnu_or_clang,
+  pmm_never,
+  pmm_strict,
+  pmm_cplusplus,
+  pmm_always,
+  pmm_last
+};
+void set_predef_macro_mode(int mode, int value);
+int predef_macro_mode_value(int mode);
 
 // Enters all predefined macros of the front end, those of the target and those of the command line.
 // The text is that of ctime.
@@ -97,8 +112,6 @@ struct a_macro_cmd_line_item {
 };
 extern a_macro_cmd_line_item *defs_from_cmd_line;
 void add_macro_definition_from_cmd_line(const char *text, bool is_undefinition);  // appends
-extern const char *curr_cmd_line_or_predef_macro_def;  // the text being processed; null: none
-extern bool processing_predefined_macro;
 
 // The macro symbol of a name that #ifdef sees: not "defined" and the pragma operators.
 a_symbol *find_defined_macro(a_symbol_header *header);
@@ -115,7 +128,8 @@ void pop_macro_definition(a_symbol_header *header);
 
 // "#define name(params) text" of a definition, in a buffer that the next call overwrites.
 const char *form_macro_definition(const a_symbol_header *header, const a_macro_def *def);
-void gen_pp_output_for_macro_definitions();
+void gen_pp_output_for_macro_definitions();  // those in force now
+void gen_listing_of_macros();                // all that were made or removed, with their files
 
 // ---- Invocations -------------------------------------------------------------------------------
 

@@ -24,6 +24,9 @@ void gen_rlisting_line_info(char flag);  // '1' a file begins, '2' it is resumed
 void gen_expanded_raw_listing_output_for_curr_line(bool at_end);
 void finish_raw_listing_file();
 
+void gen_dependency_line(const char *file_name);
+void gen_included_file_line(const char *file_name, int depth);
+
 void pp_output_trans_unit_init();
 
 #endif

@@ -1,0 +1,337 @@
+// Macros whose text is computed at each use: __LINE__ and its kin, the questions __has_..., the
+// operator defined, and _Pragma.
+
+#include "DIAG/error.h"
+#include "driver/host_envir.h"
+#include "driver/mem_manage.h"
+#include "driver/switches.h"
+#include "il/src_seq.h"
+#include "semantics/symbol_tbl.h"
+#include "semantics/sys_predef.h"
+#include "source/input_stack_internal.h"
+#include "source/macro_internal.h"
+#include "source/preproc.h"
+#include "source/preproc_internal.h"
+#include "target/pragma.h"
+
+// Part of the attribute table's face.
+bool gnu_attribute_is_supported(const char *name);
+
+namespace {
+
+a_text_buffer *magic_text;
+unsigned long counter_value;
+
+const char *text_of(const char *text, std::size_t *length) {
+  *length = std::strlen(text);
+  return text;
+}
+
+const char *truth(bool value, std::size_t *length) {
+  return text_of(value ? "1" : "0", length);
+}
+
+const char *quoted_name(const char *name, std::size_t *length) {
+  reset_text_buffer(magic_text);
+  if (exp_header_name) {
+    f_add_string_to_text_buffer(magic_text, "\"");
+    f_add_string_to_text_buffer(magic_text, name);
+    f_add_string_to_text_buffer(magic_text, "\"");
+  } else {
+    add_char_to_text_buffer(magic_text, '"');
+    write_file_name_to_text_buffer(name, magic_text, true, true);
+    add_char_to_text_buffer(magic_text, '"');
+  }
+  *length = magic_text->size_used;
+  return magic_text->buffer;
+}
+
+const char *line_text(std::size_t *length) {
+  const char *name;
+  const char *full_name;
+  std::uint32_t line;
+  bool at_end;
+  conv_seq_to_file_and_line(curr_seq_number, &name, &full_name, &line, &at_end);
+  static char text[24];
+  *length = static_cast<std::size_t>(
+      std::snprintf(text, sizeof text, "%lu", static_cast<unsigned long>(line)));
+  return text;
+}
+
+const char *file_text(const a_source_position *pos, std::size_t *length) {
+  const char *name;
+  const char *full_name;
+  std::uint32_t line;
+  bool at_end;
+  conv_seq_to_file_and_line(pos->seq != 0 ? pos->seq : curr_seq_number, &name, &full_name, &line,
+                            &at_end);
+  return quoted_name(name, length);
+}
+
+const char *base_file_text(std::size_t *length) {
+  return quoted_name(primary_source_file_name != nullptr ? primary_source_file_name : "", length);
+}
+
+const char *timestamp_text(std::size_t *length) {
+  const char *time =
+      curr_ise != nullptr ? get_file_modification_time_string(curr_ise->full_name, true) : nullptr;
+  if (time == nullptr) return text_of("\"<unknown>\"", length);
+  reset_text_buffer(magic_text);
+  add_char_to_text_buffer(magic_text, '"');
+  f_add_string_to_text_buffer(magic_text, time);
+  add_char_to_text_buffer(magic_text, '"');
+  *length = magic_text->size_used;
+  return magic_text->buffer;
+}
+
+const char *counter_text(std::size_t *length) {
+  static char text[24];
+  *length = static_cast<std::size_t>(std::snprintf(text, sizeof text, "%lu", counter_value++));
+  return text;
+}
+
+const char *stdc_text(std::size_t *length) {
+  bool zero = (stdc_zero_in_nonstrict_mode && !strict_ansi_mode) ||
+              (stdc_zero_in_system_headers && curr_ise != nullptr && curr_ise->is_system);
+  return truth(!zero, length);
+}
+
+// ---- Operators with an argument ----------------------------------------------------------------
+
+void report_here(an_error_code code) {
+  a_source_position pos;
+  source_position_at(curr_char_loc, &pos);
+  pos_error(code, &pos);
+}
+
+bool skip_char(char c, an_error_code code) {
+  skip_white_space();
+  if (*curr_char_loc == c) {
+    ++curr_char_loc;
+    return true;
+  }
+  report_here(code);
+  return false;
+}
+
+void pass_inert_mark() {
+  if (curr_char_loc[0] == '\0' &&
+      (curr_char_loc[1] == tm_inert || curr_char_loc[1] == tm_temporarily_inert))
+    curr_char_loc += 2;
+}
+
+// defined name, defined ( name )
+const char *defined_text(std::size_t *length) {
+  if (!in_pp_if_expression) return nullptr;
+  skip_white_space();
+  bool in_parens = *curr_char_loc == '(';
+  if (in_parens) {
+    ++curr_char_loc;
+    skip_white_space();
+  }
+  pass_inert_mark();
+  a_source_position pos;
+  a_symbol_header *header = scan_directive_identifier(&pos);
+  if (header == nullptr) {
+    if (check_misra_c_2004) {
+      source_position_at(curr_char_loc, &pos);
+      report_misra(ec_misra_c_2004_19_14, &pos);
+    } else {
+      report_here(ec_exp_identifier);
+    }
+    some_error_in_curr_directive = true;
+    return truth(false, length);
+  }
+  a_symbol *macro_symbol = find_defined_macro(header);
+  if (in_parens && !skip_char(')', ec_exp_rparen)) some_error_in_curr_directive = true;
+  return truth(macro_symbol != nullptr, length);
+}
+
+bool feature_is_on(const char *name, std::size_t length) {
+  struct a_feature_row {
+    const char *name;
+    std::size_t length;
+    bool (*condition)();
+  };
+  static const a_feature_row rows[] = {
+#define FEATURE(name, condition) {#name, sizeof #name - 1, []() -> bool { return condition; }},
+#include "source/macro_features.def"
+  };
+  for (const a_feature_row &row : rows)
+    if (row.length == length && std::memcmp(row.name, name, length) == 0) return row.condition();
+  return false;
+}
+
+bool answer_question(a_magic_macro magic, const char *name, std::size_t length) {
+  if (magic == mm_has_feature || magic == mm_has_extension) return feature_is_on(name, length);
+  if (magic == mm_has_builtin) return is_builtin_function_name(name, length);
+  return gnu_attribute_is_supported(copy_string_to_region(0, name, length));
+}
+
+// __has_feature(name): the argument is expanded like that of any macro.
+const char *question_text(a_symbol *macro_symbol, const a_macro_def *def,
+                          const a_source_position *pos, std::size_t *length) {
+  if (!left_paren_is_next()) return nullptr;
+  bool failed;
+  a_macro_arg *args = scan_macro_args(macro_symbol, def, pos, &failed);
+  bool answer = false;
+  if (!failed) {
+    bool raw = args->expanded_is_raw || (clang_mode && clang_version < 30300);
+    const char *name = raw ? args->raw.text : args->expanded.text;
+    std::size_t name_length = raw ? args->raw.length : args->expanded.length;
+    if (name_length > 2 && name[0] == '\0') {
+      name += 2;
+      name_length -= 2;
+    }
+    if (!is_valid_identifier(name, name_length, nullptr, nullptr)) {
+      pos_diagnostic(es_discretionary_error, ec_feature_test_macro_req_id, pos);
+    } else {
+      if (name_length >= 5 && name_length <= 63 && std::strncmp(name, "__", 2) == 0 &&
+          std::strncmp(name + name_length - 2, "__", 2) == 0) {
+        name += 2;
+        name_length -= 4;
+      }
+      answer = answer_question(def->magic, name, name_length);
+    }
+  }
+  free_macro_args(args);
+  return truth(answer, length);
+}
+
+// __has_include("name"), __has_include_next(<name>)
+const char *has_include_text(a_magic_macro magic, const a_source_position *pos,
+                             std::size_t *length) {
+  if (in_cplusplus() && strict_ansi_mode && std_version > 201700 && !in_pp_if_expression) {
+    pos_diagnostic(static_cast<an_error_severity>(strict_ansi_discretionary_severity),
+                   ec_has_include_not_in_if, pos);
+    return nullptr;
+  }
+  bool is_next = magic == mm_has_include_next;
+  if (is_next && processing_primary_source_file()) {
+    pos_warning(ec_has_include_next_in_primary_source_file, pos);
+    is_next = false;
+  }
+  const char *saved_delete = delete_source_from_loc;
+  delete_source_from_loc = nullptr;
+  bool found = false;
+  if (skip_char('(', ec_exp_lparen)) {
+    a_header_name name;
+    if (!get_header_name(&name)) {
+      report_here(ec_exp_file_name);
+      some_error_in_curr_directive = true;
+    } else {
+      if (is_next && is_absolute_file_name(name.text))
+        pos_warning(ec_absolute_file_name_in_has_include_next, pos);
+      found = header_can_be_found(name.text, name.is_angle, is_next);
+    }
+    if (!skip_char(')', ec_exp_rparen)) some_error_in_curr_directive = true;
+  }
+  delete_source_from_loc = saved_delete;
+  return truth(found, length);
+}
+
+// ---- _Pragma -----------------------------------------------------------------------------------
+
+// The text of the string literal at curr_char_loc, without quotes and escapes, with the end of a
+// text behind it. Null when none stands there.
+char *scan_pragma_string() {
+  skip_white_space();
+  const char *start = curr_char_loc;
+  a_pp_text_kind kind;
+  const char *end = end_of_pp_token(start, &kind, nullptr);
+  if (kind != ptk_literal || end[-1] != '"') return nullptr;
+  while (*start != '"')
+    ++start;
+  char *text = alloc_macro_text(static_cast<std::size_t>(end - start) + 4);
+  char *out = text;
+  for (const char *p = start + 1; p != end - 1; ++p) {
+    if (*p == '\\' && (p[1] == '\\' || p[1] == '"')) ++p;
+    *out++ = *p;
+  }
+  std::memcpy(out, "\0\2\0\1", 4);
+  curr_char_loc = end;
+  return text;
+}
+
+void process_pragma_text(const char *text, const a_source_position *pos) {
+  bool saved_expand = expand_macros;
+  bool saved_fetch = fetch_pp_tokens;
+  bool saved_directive = in_preprocessing_directive;
+  expand_macros = false;
+  fetch_pp_tokens = true;
+  in_preprocessing_directive = true;
+  a_saved_text_place place;
+  push_lexical_state_stack();
+  begin_inserted_text(text, pos, &place);
+  a_source_position name_position = *pos;
+  a_pragma_kind_description *description = look_up_pragma_id(&name_position);
+  if (description != nullptr && pragma_must_be_directive(description))
+    pos_error(ec_invalid_pragma_operator, pos);
+  else
+    record_pragma(description, pos, &name_position, false);
+  end_inserted_text(&place);
+  pop_lexical_state_stack();
+  expand_macros = saved_expand;
+  fetch_pp_tokens = saved_fetch;
+  in_preprocessing_directive = saved_directive;
+}
+
+// _Pragma ( string )
+const char *pragma_operator_text(const a_source_position *pos, std::size_t *length) {
+  // Inside the arguments of a macro the operator waits until the result is scanned, and in
+  // preprocessed text it stays for the compilation of that text.
+  if (macro_depth > 1 || in_macro_arg_list) return nullptr;
+  if (do_preprocessing_only && generate_pp_output) return nullptr;
+  if (skip_char('(', ec_exp_lparen)) {
+    char *text = scan_pragma_string();
+    if (text == nullptr) {
+      report_here(ec_exp_string_literal);
+    } else {
+      process_pragma_text(text, pos);
+      release_macro_text_from(text);
+    }
+    skip_char(')', ec_exp_rparen);
+    if (!caching_tokens) process_immediate_pragmas();
+  }
+  return text_of("", length);
+}
+
+}  // namespace
+
+const char *magic_macro_text(a_symbol *macro_symbol, const a_macro_def *def,
+                             const a_source_position *pos, std::size_t *length) {
+  switch (def->magic) {
+    case mm_line:
+      return line_text(length);
+    case mm_file:
+      return file_text(pos, length);
+    case mm_base_file:
+      return base_file_text(length);
+    case mm_stdc:
+      return stdc_text(length);
+    case mm_counter:
+      return counter_text(length);
+    case mm_timestamp:
+      return timestamp_text(length);
+    case mm_defined:
+      return defined_text(length);
+    case mm_pragma_operator:
+      return pragma_operator_text(pos, length);
+    case mm_has_feature:
+    case mm_has_extension:
+    case mm_has_attribute:
+    case mm_has_builtin:
+      return question_text(macro_symbol, def, pos, length);
+    case mm_has_include:
+    case mm_has_include_next:
+      return has_include_text(def->magic, pos, length);
+    case mm_none:
+      break;
+  }
+  return nullptr;
+}
+
+void init_magic_macros() {
+  if (magic_text == nullptr) magic_text = alloc_text_buffer(256);
+  counter_value = 0;
+}
