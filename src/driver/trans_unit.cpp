@@ -76,6 +76,7 @@ void process_translation_unit(const char *name, int is_primary, an_exported_temp
   if (do_preprocessing_only) {
     cpp_driver();
   } else {
+    process_macro_preincludes();
     translation_unit();
   }
   translation_unit_wrapup();
