@@ -6,6 +6,7 @@
 #ifndef SEMANTICS_SYS_PREDEF_H
 #define SEMANTICS_SYS_PREDEF_H
 
+#include <cstddef>
 #include <cstdint>
 
 #include "il/il_fwd.h"
@@ -50,7 +51,7 @@ enum a_builtin_condition : std::uint8_t {
 inline constexpr int first_qx_builtin = 3851, last_qx_builtin = 4044;
 
 // Is there a builtin function of this name, in this dialect and for this processor? (__has_builtin)
-bool builtin_function_is_enabled(const char *name);
+bool is_builtin_function_name(const char *name, std::size_t length);
 // Declares the builtin function of this name at file scope; null when there is none.
 a_symbol *load_matching_builtin_function(a_symbol_header *header);
 // The builtin number of a routine; 0: an ordinary function.
