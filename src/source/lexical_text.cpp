@@ -40,10 +40,10 @@ void add_constant(const a_constant *constant) {
       add_text(str_for_integer_constant(constant));
       break;
     case ck_float:
-      add_text(fp_to_string(fk_double, &constant->variant.float_value));
+      add_text(fp_to_string(fk_double, &constant->float_value));
       break;
     case ck_string:
-      add_quoted(constant->variant.string.value, constant->variant.string.length - 1);
+      add_quoted(constant->string_text, constant->string_length - 1);
       break;
     default:
       add_text("<constant>");

@@ -3,9 +3,9 @@
 #include <cstring>
 
 #include "driver/host_envir.h"
-#include "il/il_alloc.h"
 #include "il/il_expr.h"
 #include "semantics/const_ints.h"
+#include "semantics/folding.h"
 #include "semantics/target.h"
 #include "semantics/types.h"
 #include "source/literals_internal.h"
@@ -535,7 +535,8 @@ void conv_char_literal(std::size_t, an_error_code *err, const char **err_loc) {
   truncate_integer_value(&value, precision_of_integer_kind(kind), is_signed);
   set_unsigned_integer_constant(&const_for_curr_token, value, kind);
   const_for_curr_token.type = type_of_char_literal(prefix, kind);
-  const_for_curr_token.from_literal = true;
+  const_for_curr_token.is_literal = true;
+  const_for_curr_token.is_char_literal = true;
 }
 
 const char *end_of_ud_suffix(const char *start) {

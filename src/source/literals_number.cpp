@@ -1,10 +1,10 @@
 // Numbers: where they end, what form they have, and the value and type of integers and floats.
 #include <cstring>
 
-#include "il/il_alloc.h"
 #include "il/il_expr.h"
 #include "semantics/const_ints.h"
 #include "semantics/float_pt.h"
+#include "semantics/folding.h"
 #include "semantics/target.h"
 #include "semantics/types.h"
 #include "source/literals_internal.h"
@@ -416,10 +416,10 @@ void conv_integer_literal(int radix, an_error_code *err, const char **err_loc) {
     *err = make_standard_integer(value, suffix.is_unsigned, is_decimal, suffix.longs, start);
   }
   if (*err != ec_no_error) return;
-  const_for_curr_token.is_non_decimal = !is_decimal;
-  const_for_curr_token.is_literal_zero = len_of_curr_token == 1 && *start == '0';
-  const_for_curr_token.has_u_suffix = suffix.is_unsigned;
-  const_for_curr_token.from_literal = true;
+  const_for_curr_token.is_octal_or_hex = !is_decimal;
+  const_for_curr_token.is_null_pointer_constant = len_of_curr_token == 1 && *start == '0';
+  const_for_curr_token.has_unsigned_suffix = suffix.is_unsigned;
+  const_for_curr_token.is_literal = true;
 }
 
 // ---- Floats ------------------------------------------------------------------------------------
@@ -474,10 +474,11 @@ void conv_float_literal(bool is_hex, an_error_code *err, const char **err_loc) {
     *err = ec_bad_float_value;
     return;
   }
-  if (suffix.is_imaginary)
-    set_complex_constant(&const_for_curr_token, &pos_zero, &value, suffix.kind);
-  else
-    set_float_constant(&const_for_curr_token, &value, suffix.kind);
-  const_for_curr_token.from_literal = true;
+  if (suffix.is_imaginary) {  // complex values are not there yet
+    *err = ec_not_supported;
+    return;
+  }
+  set_float_constant(&const_for_curr_token, &value, float_type(suffix.kind));
+  const_for_curr_token.is_literal = true;
   if (inexact) warn_at(ec_inexact_fp_conversion, start);
 }

@@ -4,6 +4,7 @@
 
 #include "il/il_alloc.h"
 #include "il/il_expr.h"
+#include "semantics/folding.h"
 #include "semantics/target.h"
 #include "semantics/types.h"
 #include "source/literals_internal.h"
@@ -38,7 +39,13 @@ void make_string_constant(a_constant *constant, const char *text, std::size_t by
                           int unit_size) {
   char *copy = alloc_text_of_string_literal(bytes);
   std::memcpy(copy, text, bytes);
-  set_string_constant(constant, copy, bytes, static_cast<a_string_char_kind>(kind));
+  set_error_constant(constant);
+  constant->kind = ck_string;
+  constant->string_text = copy;
+  constant->string_length = bytes;
+  constant->string_char_kind = static_cast<a_string_char_kind>(kind);
+  constant->string_sequence_number = -1;
+  constant->is_literal = true;
   constant->type = string_literal_type(static_cast<a_string_char_kind>(kind),
                                        bytes / static_cast<std::size_t>(unit_size));
 }
@@ -230,9 +237,9 @@ int combined_prefix(int prefix, int next, const a_source_position *pos, bool *re
 
 // Appends a literal without its terminator, in units of the whole.
 void append_literal(a_text_buffer *buffer, const a_constant *literal, int unit_size) {
-  const char *text = literal->variant.string.value;
-  std::size_t bytes = literal->variant.string.length;
-  const int from_size = character_size[literal->variant.string.char_kind];
+  const char *text = literal->string_text;
+  std::size_t bytes = literal->string_length;
+  const int from_size = character_size[literal->string_char_kind];
   const std::size_t count = bytes / static_cast<std::size_t>(from_size) - 1;
   if (from_size == unit_size) {
     add_to_text_buffer(buffer, text, count * static_cast<std::size_t>(unit_size));
