@@ -13,7 +13,7 @@
 #include "il/il_type.h"
 
 struct PRAGMA;  // ifile/if_util.h
-enum a_pragma_kind : int;
+enum a_pragma_kind : std::uint8_t;  // target/pragma.h
 
 // The decl_modifiers word: the keywords and pragmas of the target.
 inline constexpr std::uint32_t dm_calling_convention_mask = 7;

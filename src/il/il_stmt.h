@@ -103,6 +103,7 @@ struct a_switch_case_entry {
   a_source_position position;
   a_source_position value_position;
   a_source_position range_end_position;
+  std::uint32_t label_number;  // the generator's own
   bool is_default : 1;
   bool is_range : 1;
   bool falls_in : 1;  // control reaches it from above

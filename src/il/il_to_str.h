@@ -74,4 +74,7 @@ const char *int_kind_name_full(an_integer_kind kind, bool signed_mark);
 const char *int_type_name(const a_type *type);
 an_expr_node *decltype_arg(a_type *type);  // null: not at hand
 
+void il_to_str_one_time_init();
+void il_to_str_init();
+
 #endif
