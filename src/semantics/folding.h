@@ -61,12 +61,11 @@ void conv_float_to_integer(const a_constant *from, a_constant *to, an_error_code
 
 // ---- Making constants --------------------------------------------------------------------------
 
-// Each clears *c first.
+// Each clears *c first. set_error_constant stands in il/il.h.
 void set_integer_constant(a_constant *c, std::int64_t value, an_integer_kind kind);
 void set_unsigned_integer_constant(a_constant *c, a_host_large_integer value, an_integer_kind kind);
 void set_integer_constant_of_type(a_constant *c, std::int64_t value, a_type *type);
 void set_float_constant(a_constant *c, const struct simul_fval *value, a_type *type);
-void set_error_constant(a_constant *c);
 // The zero value of a scalar type (a null pointer, 0, 0.0).
 void make_zero_constant(a_constant *c, a_type *type);
 void set_variable_address_constant(a_constant *c, a_variable *variable, a_type *pointer_type);

@@ -27,13 +27,14 @@ bool check_pack_alignment_value(std::int64_t value);
 // ---- Layout ------------------------------------------------------------------------------------
 
 // Sets size and alignment of a class and the place of every member; once, when its definition is
-// finished. class_type->pack_value must hold the pack alignment that was in force.
+// finished. class_supplement->pragma_pack_alignment must hold the pack alignment in force.
 void do_class_layout(a_type *class_type);
 
 // The alignment that a field of this type has.
 std::uint32_t field_alignment_for(const a_type *type);
 // The alignment of a field, by its type, its attributes and the packing of its class.
-std::uint32_t alignment_of_field_full(const a_field *field, bool for_bit_field_pass);
+std::uint32_t alignment_of_field_full(const a_field *field, const a_type *class_type,
+                                      bool for_bit_field_pass);
 bool is_empty_class_type(const a_type *type);
 // The width of the declared type of a bit-field, in bits.
 std::uint32_t bits_of_bit_field_type(const a_type *type);
