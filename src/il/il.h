@@ -1,5 +1,6 @@
-// The intermediate language as one face: its records, and the helpers that everybody uses: the
-// fundamental types, nodes for operators, constants and variables, copies, positions of scopes.
+// The intermediate language as one face: its records, and the helpers that everybody uses: nodes
+// for operators, constants and variables, statements, copies. The fundamental types are in the face
+// of the type module.
 #ifndef IL_IL_H
 #define IL_IL_H
 
@@ -14,36 +15,6 @@
 extern a_stdc_pragma_state curr_fp_contract_state;
 extern a_stdc_pragma_state curr_fenv_access_state;
 extern a_stdc_pragma_state curr_cx_limited_range_state;
-
-// ---- Fundamental types: made on first request, one of each -------------------------------------
-
-a_type *error_type();
-a_type *void_type();
-a_type *integer_type(an_integer_kind kind);
-a_type *signed_integer_type(an_integer_kind kind);  // with the written "signed"
-a_type *float_type(a_float_kind kind);
-a_type *complex_type(a_float_kind kind);
-a_type *imaginary_type(a_float_kind kind);
-a_type *bool_type();
-a_type *wchar_t_type();
-a_type *char16_t_type();
-a_type *char32_t_type();
-// The keyword type, or without the keyword the integer type that stands for it.
-a_type *eff_wchar_t_type();
-a_type *eff_char16_t_type();
-a_type *eff_char32_t_type();
-a_type *standard_nullptr_type();
-a_type *managed_nullptr_type();
-a_type *unknown_type();
-// The array type of a string literal of `length` characters, the terminating zero included.
-a_type *string_literal_type(a_string_char_kind char_kind, a_targ_size_t length);
-
-inline bool is_class_kind(a_type_kind kind) {
-  return kind >= tk_class && kind <= tk_union;
-}
-inline bool is_immediate_class_type(const a_type *type) {
-  return is_class_kind(type->kind);
-}
 
 // ---- Nodes -------------------------------------------------------------------------------------
 

@@ -60,7 +60,6 @@ extern an_il_entry_marks il_local_marks_template;
 extern bool initial_value_for_il_lowering_flag;  // entries made now are marked as lowered
 extern bool okay_to_eliminate_unneeded_il_entries;
 extern a_source_correspondence source_corresp_template;
-extern a_name_linkage_kind default_routine_name_linkage;
 extern a_constant *available_local_constants;
 
 // A list by head and tail.
@@ -126,7 +125,7 @@ inline a_constant *alloc_unshared_constant(const a_constant *constant) {
 a_constant *alloc_shareable_constant(const a_constant *constant);
 std::uint32_t hash_constant(const a_constant *constant);
 void empty_shareable_constants_table();
-void empty_func_shareable_constants_table(a_scope_stack_entry *entry);
+void empty_func_shareable_constants_table();  // of the innermost function
 // The constant refers to an entry of a function region.
 bool has_non_file_scope_ref(const a_constant *constant);
 void break_source_corresp(a_source_correspondence *corresp);
