@@ -5,6 +5,8 @@
 // classes and namespaces are searched through their own lists.
 #include "semantics/lookup.h"
 
+#include <initializer_list>
+
 #include "DIAG/error.h"
 #include "driver/switches.h"
 #include "il/il_entity.h"
@@ -76,8 +78,8 @@ bool sym_matches_lookup_options(a_symbol *symbol, unsigned options) {
   symbol = fundamental_symbol_of(symbol);
   const a_symbol_kind kind = symbol->kind;
   const bool is_class = kind == syk_class || kind == syk_union;
-  const bool is_template = kind == syk_class_template || kind == syk_function_template ||
-                           kind == syk_variable_template;
+  const bool is_template =
+      kind == syk_class_template || kind == syk_function_template || kind == syk_variable_template;
   if ((options & lookup_templates_only) != 0) return is_template;
   if ((options & lookup_namespace_only) != 0) return kind == syk_namespace;
   if ((options & lookup_tag_only) != 0) {
@@ -178,7 +180,8 @@ a_symbol *namespace_qualified_id_lookup(a_symbol_locator *locator, a_namespace *
                                         unsigned options) {
   a_symbol *settled;
   if (is_settled(locator, &settled)) return settled;
-  while (namespace_ptr->is_alias) namespace_ptr = namespace_ptr->alias_target;
+  while (namespace_ptr->is_alias)
+    namespace_ptr = namespace_ptr->alias_target;
   const a_scope_pointers_block *block = get_pointers_block_for_scope(namespace_ptr->scope);
   if (block == nullptr) return nullptr;
   a_symbol *first = symbols_in_lookup_table(block, locator->header);

@@ -11,6 +11,7 @@
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
 #include "driver/trans_unit.h"
+#include "il/il.h"
 #include "il/il_alloc.h"
 #include "il/il_entity.h"
 #include "il/il_kinds.h"
@@ -33,13 +34,12 @@ int depth_of_innermost_scope_that_affects_access_control = -1;
 int curr_deferred_access_scope = -1;
 an_object_lifetime *curr_object_lifetime;
 a_pack_expansion_stack_entry *pack_expansion_stack;
-std::uint8_t default_routine_name_linkage = nlk_external_c;
 
 namespace {
 
 // Linkage specifications that are open: extern "C" { ... }.
 constexpr int most_nested_linkage_blocks = 256;
-std::uint8_t saved_name_linkages[most_nested_linkage_blocks];
+a_name_linkage_kind saved_name_linkages[most_nested_linkage_blocks];
 int num_saved_name_linkages;
 
 void grow_scope_stack() {
@@ -127,9 +127,8 @@ void restore_globals(const a_scope_stack_entry &entry) {
 }
 
 a_memory_region_number region_of_local_class_function() {
-  return depth_innermost_function_scope < 0
-             ? 0
-             : scope_stack[depth_innermost_function_scope].il_region;
+  return depth_innermost_function_scope < 0 ? 0
+                                            : scope_stack[depth_innermost_function_scope].il_region;
 }
 
 void make_scope_of_kind(a_scope_stack_entry &entry) {
@@ -273,7 +272,7 @@ void pop_scope_full(unsigned flags) {
   take_names_out_of_sight(entry);
   if ((flags & pf_checks) != 0) wrapup_scope(entry.il_scope, entry.kind, entry.pointers);
   if (entry.kind == sck_function) {
-    if (entry.function_shareable_constants != nullptr) empty_func_shareable_constants_table();
+    if (entry.function_shareable_constants != nullptr) empty_func_shareable_constants_table(&entry);
     routine_defined(entry.assoc_routine);
   }
   if (entry.il_scope != nullptr) entry.il_scope->stack_depth = -1;
@@ -365,7 +364,7 @@ void push_new_top_level_declaration() {
 
 void pop_scope() {
   // The checks of a file scope run once, when everything is parsed and instantiated.
-  pop_scope_full(top_scope().kind == sck_file ? 0 : pf_checks);
+  pop_scope_full(top_scope().kind == sck_file ? 0u : static_cast<unsigned>(pf_checks));
 }
 
 void pop_block_scope(bool keep_symbols) {
@@ -464,7 +463,7 @@ a_routine *innermost_function() {
 
 // ---- Linkage and lifetimes ---------------------------------------------------------------------
 
-void push_name_linkage(std::uint8_t linkage) {
+void push_name_linkage(a_name_linkage_kind linkage) {
   if (num_saved_name_linkages == most_nested_linkage_blocks) catastrophe(ec_program_too_large);
   saved_name_linkages[num_saved_name_linkages++] = default_routine_name_linkage;
   default_routine_name_linkage = linkage;
@@ -476,8 +475,7 @@ void pop_name_linkage() {
 }
 
 an_object_lifetime *push_object_lifetime(std::uint8_t kind) {
-  an_object_lifetime *lifetime =
-      alloc_object_lifetime(static_cast<an_object_lifetime_kind>(kind));
+  an_object_lifetime *lifetime = alloc_object_lifetime(static_cast<an_object_lifetime_kind>(kind));
   lifetime->parent = curr_object_lifetime;
   if (curr_object_lifetime != nullptr) {
     lifetime->next_sibling = curr_object_lifetime->children;
@@ -530,5 +528,6 @@ void scope_stk_trans_unit_init() {
   curr_object_lifetime = nullptr;
   pack_expansion_stack = nullptr;
   num_saved_name_linkages = 0;
-  default_routine_name_linkage = in_cplusplus() ? nlk_external_cpp : nlk_external_c;
+  default_routine_name_linkage = nlk_external_c;
+  if (in_cplusplus()) default_routine_name_linkage = nlk_external_cpp;
 }

@@ -88,9 +88,9 @@ struct a_scope_stack_entry {
   int saved_curr_deferred_access_scope;
   an_expr_stack_entry *saved_expr_stack;
   an_object_lifetime *saved_object_lifetime;
-  std::uint8_t saved_fp_contract_state;
-  std::uint8_t saved_fenv_access_state;
-  std::uint8_t saved_cx_limited_range_state;
+  a_stdc_pragma_state saved_fp_contract_state;
+  a_stdc_pragma_state saved_fenv_access_state;
+  a_stdc_pragma_state saved_cx_limited_range_state;
 
   an_active_using *active_using_list;         // using directives in force here
   an_object_lifetime *object_lifetime;        // opened for this scope; null: none
@@ -193,8 +193,8 @@ inline std::int32_t scope_number_at(int depth) {
 
 // ---- Linkage specifications --------------------------------------------------------------------
 
-extern std::uint8_t default_routine_name_linkage;
-void push_name_linkage(std::uint8_t linkage);
+extern a_name_linkage_kind default_routine_name_linkage;
+void push_name_linkage(a_name_linkage_kind linkage);
 void pop_name_linkage();
 
 // ---- Object lifetimes --------------------------------------------------------------------------

@@ -85,8 +85,7 @@ void check_routine(a_symbol *symbol) {
 }  // namespace
 
 void wrapup_scope(a_scope *, a_scope_kind kind, a_scope_pointers_block *pointers) {
-  const bool is_function_part =
-      kind == sck_block || kind == sck_function || kind == sck_condition;
+  const bool is_function_part = kind == sck_block || kind == sck_function || kind == sck_condition;
   const bool is_file_part = kind == sck_file || kind == sck_namespace;
   if (!is_function_part && !is_file_part) return;
   for (a_symbol *symbol = pointers->first_symbol; symbol != nullptr;
@@ -115,4 +114,3 @@ void wrapup_scope(a_scope *, a_scope_kind kind, a_scope_pointers_block *pointers
 void routine_defined(a_routine *routine) {
   routine->defined = true;
 }
-

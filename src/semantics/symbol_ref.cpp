@@ -71,8 +71,8 @@ void record_symbol_reference(unsigned kind, a_symbol *symbol, const a_source_pos
   record_symbol_reference_full(kind, symbol, position, needed, nullptr);
 }
 
-void record_symbol_declaration(a_declaration_kind kind, a_symbol *symbol,
-                               const a_source_position *, a_source_correspondence *) {
+void record_symbol_declaration(a_declaration_kind kind, a_symbol *symbol, const a_source_position *,
+                               a_source_correspondence *) {
   if (kind == dk_definition && symbol != nullptr) symbol->defined = true;
 }
 

@@ -6,6 +6,7 @@
 #include "semantics/symbol_tbl.h"
 
 #include <cstring>
+#include <initializer_list>
 
 #include "DIAG/error.h"
 #include "driver/mem_manage.h"
@@ -77,7 +78,8 @@ std::uint32_t hash_of_name(const char *name, std::size_t length) {
   const auto *text = reinterpret_cast<const unsigned char *>(name);
   std::uint32_t hash = 0;
   if (length < shortest_sampled_name) {
-    for (std::size_t i = 0; i < length; ++i) hash = hash * hash_multiplier + text[i];
+    for (std::size_t i = 0; i < length; ++i)
+      hash = hash * hash_multiplier + text[i];
     return hash;
   }
   const std::size_t middle = length / 2;
@@ -138,8 +140,7 @@ a_symbol *find_macro_symbol_by_name(const char *name) {
 // Labels are known in the whole function; one declared by __label__ only in its block.
 a_symbol *find_label_symbol(a_symbol_header *header) {
   if (!inside_function_scope()) return nullptr;
-  for (a_symbol *symbol = header->active_symbols; symbol != nullptr;
-       symbol = symbol->next_active) {
+  for (a_symbol *symbol = header->active_symbols; symbol != nullptr; symbol = symbol->next_active) {
     if (symbol->kind != syk_label) continue;
     for (int depth = depth_scope_stack; depth >= depth_innermost_function_scope; --depth)
       if (scope_stack[depth].scope_number == symbol->scope_number) return symbol;
@@ -150,8 +151,7 @@ a_symbol *find_label_symbol(a_symbol_header *header) {
 a_symbol *find_external_symbol(a_symbol_header *header) {
   a_symbol *block_extern = nullptr;
   std::int32_t file_scope = scope_number_at(0);
-  for (a_symbol *symbol = header->active_symbols; symbol != nullptr;
-       symbol = symbol->next_active) {
+  for (a_symbol *symbol = header->active_symbols; symbol != nullptr; symbol = symbol->next_active) {
     if (symbol->kind == syk_extern_variable || symbol->kind == syk_extern_routine)
       block_extern = symbol;
     else if (symbol->scope_number == file_scope &&
@@ -183,10 +183,9 @@ std::int32_t take_next_scope_number() {
   if (number >= size_of_trans_unit_for_scope) {
     const std::size_t new_size =
         size_of_trans_unit_for_scope == 0 ? 1024 : size_of_trans_unit_for_scope * 2;
-    trans_unit_for_scope = static_cast<a_translation_unit **>(
-        realloc_buffer(trans_unit_for_scope,
-                       size_of_trans_unit_for_scope * sizeof(a_translation_unit *),
-                       new_size * sizeof(a_translation_unit *)));
+    trans_unit_for_scope = static_cast<a_translation_unit **>(realloc_buffer(
+        trans_unit_for_scope, size_of_trans_unit_for_scope * sizeof(a_translation_unit *),
+        new_size * sizeof(a_translation_unit *)));
     size_of_trans_unit_for_scope = new_size;
   }
   trans_unit_for_scope[number] = curr_translation_unit;

@@ -118,7 +118,6 @@ struct a_symbol {
 
 inline constexpr std::int32_t no_scope_number = -1;  // of macros, keywords, fields of C, errors
 
-
 // What stays with a class while its scope is closed.
 struct a_class_symbol_supplement {
   a_scope_pointers_block *pointers_block;  // symbols and open lists of the class

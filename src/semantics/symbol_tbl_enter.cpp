@@ -38,8 +38,8 @@ void check_redeclaration_of_controlling_name(a_symbol *symbol, int depth) {
   if (!in_cplusplus() || depth < 1) return;
   a_scope_stack_entry &outer = scope_stack[depth - 1];
   bool in_condition = outer.kind == sck_condition;
-  bool in_for_init = outer.scope_flags.is_for_init_scope &&
-                     !(gpp_mode || use_nonstandard_for_init_scope);
+  bool in_for_init =
+      outer.scope_flags.is_for_init_scope && !(gpp_mode || use_nonstandard_for_init_scope);
   if (!in_condition && !in_for_init) return;
   for (a_symbol *old = symbol->header->active_symbols; old != nullptr; old = old->next_active) {
     if (old == symbol || old->scope_number != outer.scope_number) continue;
@@ -129,8 +129,7 @@ a_symbol *enter_copy_of_symbol(const a_symbol *symbol, int depth) {
   return copy;
 }
 
-a_symbol *enter_typedef_symbol(a_type *type, a_symbol_locator *locator, int depth,
-                               unsigned flags) {
+a_symbol *enter_typedef_symbol(a_type *type, a_symbol_locator *locator, int depth, unsigned flags) {
   a_symbol *symbol = enter_symbol(syk_type, locator, depth, flags);
   symbol->variant.type = type;
   return symbol;
@@ -250,7 +249,8 @@ a_symbol *add_symbol_to_overload_list(a_symbol *existing, a_symbol *added) {
   added->is_class_member = set->is_class_member;
   added->parent = set->parent;
   a_symbol **link = &set->variant.first_function;
-  while (*link != nullptr && (*link)->decl_seq <= added->decl_seq) link = &(*link)->extra.next_overload;
+  while (*link != nullptr && (*link)->decl_seq <= added->decl_seq)
+    link = &(*link)->extra.next_overload;
   added->extra.next_overload = *link;
   *link = added;
   return set;

@@ -163,8 +163,7 @@ void set_source_corresp_with_scope_depth(a_source_correspondence *entity, a_symb
 
 bool is_local_symbol(const a_symbol *symbol) {
   if (symbol->kind == syk_label) return true;
-  a_source_correspondence *entity =
-      source_corresp_entry_for_symbol(const_cast<a_symbol *>(symbol));
+  a_source_correspondence *entity = source_corresp_entry_for_symbol(const_cast<a_symbol *>(symbol));
   if (entity == nullptr) {
     bool in_function = false;
     scope_depth_of_symbol(symbol, &in_function);

@@ -11,6 +11,7 @@
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
 #include "il/il_kinds.h"
+#include "il/il_type.h"
 #include "semantics/scope_stk.h"
 #include "semantics/symbol_tbl.h"
 #include "semantics/symbol_tbl_internal.h"
@@ -21,13 +22,13 @@ namespace {
 constexpr std::uint32_t most_symbols_without_table = 8;
 
 constexpr std::size_t table_sizes[] = {
-    1,         5,         11,        17,        29,         41,         59,        83,
-    127,       179,       251,       353,       499,        701,        983,       1381,
-    1949,      2729,      3821,      5351,      7499,       10499,      14699,     20593,
-    28837,     40387,     56543,     79181,     110863,     155209,     217307,    304253,
-    425959,    596363,    834913,    1168879,   1636457,    2291041,    3207461,   4490459,
-    6286661,   8801327,   12321863,  17250641,  24150901,   33811277,   47335793,  66270121,
-    92778187,  129889477, 181845299, 254583437, 356416861,  498983623,  698577083, 978007931,
+    1,          5,          11,        17,        29,        41,        59,        83,
+    127,        179,        251,       353,       499,       701,       983,       1381,
+    1949,       2729,       3821,      5351,      7499,      10499,     14699,     20593,
+    28837,      40387,      56543,     79181,     110863,    155209,    217307,    304253,
+    425959,     596363,     834913,    1168879,   1636457,   2291041,   3207461,   4490459,
+    6286661,    8801327,    12321863,  17250641,  24150901,  33811277,  47335793,  66270121,
+    92778187,   129889477,  181845299, 254583437, 356416861, 498983623, 698577083, 978007931,
     1369211111, 1916895569,
 };
 static_assert(sizeof table_sizes / sizeof *table_sizes == 58);
@@ -40,8 +41,8 @@ std::size_t table_size_for(std::size_t request) {
 
 void alloc_buckets(a_hash_table *table, std::size_t size) {
   table->size = size;
-  table->buckets =
-      static_cast<a_hash_entry **>(alloc_in_region(permanent_region, size * sizeof(a_hash_entry *)));
+  table->buckets = static_cast<a_hash_entry **>(
+      alloc_in_region(permanent_region, size * sizeof(a_hash_entry *)));
   std::memset(table->buckets, 0, size * sizeof(a_hash_entry *));
 }
 
@@ -134,10 +135,11 @@ bool member_has_name_of_its_class(a_symbol *symbol, a_scope_stack_entry &entry) 
     default:
       break;
   }
-  bool is_function = is_routine_symbol_kind(symbol->kind) || symbol->kind == syk_overloaded_function;
-  pos_sy_error(is_function ? ec_class_and_member_function_name_conflict
-                           : ec_class_and_member_name_conflict,
-               &symbol->decl_position, symbol);
+  bool is_function =
+      is_routine_symbol_kind(symbol->kind) || symbol->kind == syk_overloaded_function;
+  pos_sy_error(
+      is_function ? ec_class_and_member_function_name_conflict : ec_class_and_member_name_conflict,
+      &symbol->decl_position, symbol);
   symbol->is_error_symbol = true;
   return true;
 }
@@ -156,7 +158,8 @@ void append_to_list(a_symbol *symbol, a_scope_pointers_block *block) {
 }  // namespace
 
 a_hash_table *alloc_hash_table(std::size_t first_size) {
-  auto *table = static_cast<a_hash_table *>(alloc_in_region(permanent_region, sizeof(a_hash_table)));
+  auto *table =
+      static_cast<a_hash_table *>(alloc_in_region(permanent_region, sizeof(a_hash_table)));
   table->entries = 0;
   alloc_buckets(table, table_size_for(first_size));
   return table;
@@ -172,7 +175,8 @@ a_hash_entry *hash_find(a_hash_table *table, const a_symbol_header *header, bool
     grow_hash_table(table);
     bucket = &table->buckets[hash % table->size];
   }
-  auto *entry = static_cast<a_hash_entry *>(alloc_in_region(permanent_region, sizeof(a_hash_entry)));
+  auto *entry =
+      static_cast<a_hash_entry *>(alloc_in_region(permanent_region, sizeof(a_hash_entry)));
   *entry = {*bucket, hash, header, nullptr};
   *bucket = entry;
   return entry;
