@@ -125,7 +125,7 @@ inline a_constant *alloc_unshared_constant(const a_constant *constant) {
 a_constant *alloc_shareable_constant(const a_constant *constant);
 std::uint32_t hash_constant(const a_constant *constant);
 void empty_shareable_constants_table();
-void empty_func_shareable_constants_table();  // of the innermost function
+void empty_func_shareable_constants_table(a_scope_stack_entry *entry);
 // The constant refers to an entry of a function region.
 bool has_non_file_scope_ref(const a_constant *constant);
 void break_source_corresp(a_source_correspondence *corresp);
