@@ -3,7 +3,7 @@
 // up by its replay; a reusable one stays and can be replayed any number of times.
 #include <cstring>
 
-#include "il/il_alloc.h"
+#include "il/il_expr.h"
 #include "source/lexical_internal.h"
 #include "target/pragma.h"
 
@@ -74,7 +74,7 @@ a_cached_token_data data_kind_for_curr_token() {
 
 a_constant *pooled_copy_of_constant(const a_constant *source) {
   a_constant *copy = take_pooled(&avail_constants);
-  copy_constant(source, copy);
+  *copy = *source;
   return copy;
 }
 
@@ -117,7 +117,7 @@ void load_payload(const a_cached_token *token) {
       locator_for_curr_id = *token->data.locator;
       break;
     case ctd_constant:
-      copy_constant(token->data.constant, &const_for_curr_token);
+      const_for_curr_token = *token->data.constant;
       break;
     case ctd_pp_token:
       start_of_curr_token = token->data.text.start;
@@ -133,7 +133,7 @@ void load_payload(const a_cached_token *token) {
       curr_token_asm_string = token->data.asm_string;
       break;
     case ctd_ud_literal:
-      copy_constant(token->data.ud_literal.constant, &const_for_curr_token);
+      const_for_curr_token = *token->data.ud_literal.constant;
       const_with_curr_tok_spelling = token->data.ud_literal.spelling;
       ud_lit_op_sym_for_curr_token = token->data.ud_literal.operator_symbol;
       ud_lit_type_for_curr_token = token->data.ud_literal.type;

@@ -319,7 +319,7 @@ a_token_kind concat_adjacent_string_literals(bool from_function_name) {
   if (count > 1)
     concat_string_literals(&literals, prefix);
   else
-    copy_constant(literals.tail->data.constant, &const_for_curr_token);
+    const_for_curr_token = *literals.tail->data.constant;
   collect_pragmas(&literals, &pragmas);
   curr_token_pragmas = pragmas;
   discard_token_cache(&literals);
