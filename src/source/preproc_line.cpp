@@ -131,7 +131,7 @@ void change_file_and_line(const a_line_directive *d, bool is_digit_form) {
         record_end_of_source_file(curr_ise->source_file, seq_number_last_read);
       record_start_of_source_file(curr_ise->primary_source_file, next_seq, d->line, name, nullptr,
                                   curr_ise->full_name, &curr_ise->source_file, curr_ise->is_include,
-                                  false, false, 0, d->is_system, 0);
+                                  false, false, false, 0, d->is_system, 0);
     }
   }
   curr_ise->name = name;
