@@ -6,9 +6,11 @@
 // gives its own members to the class around it, so that x.a works where a stands two levels down.
 #include "parser/class_decl.h"
 
+#include <initializer_list>
+
 #include "DIAG/error.h"
 #include "driver/switches.h"
-#include "il/il_alloc.h"
+#include "il/il.h"
 #include "il/il_entity.h"
 #include "il/il_type.h"
 #include "parser/attribute.h"
@@ -75,7 +77,7 @@ void check_enum_bit_field(const a_member &member, a_type *type, unsigned width) 
   a_type *bottom = skip_typerefs(type);
   if (!bottom->is_enum || width == 0) return;
   for (a_constant *c = bottom->enum_supplement->first_enumerator; c != nullptr;
-       c = next_enumerator(c)) {
+       c = c->next_in_list) {
     if (c->kind != ck_integer) continue;
     if (bits_required_to_represent_integer_constant(c) > static_cast<int>(width)) {
       pos_warning(ec_enum_bit_field_too_small, &member.position);
@@ -271,7 +273,7 @@ void scan_member_declarator(a_class_scan &scan, a_decl_parse_state &state) {
   run_end_of_parse_actions(&state, true);
   if (curr_token == tok_assign) {
     pos_st_error(ec_not_supported, &pos_curr_token, "an initializer of a member is");
-    std::uint8_t stops[tok_last] = {};
+    a_stop_token_count stops[tok_last] = {};
     stops[tok_comma] = stops[tok_semicolon] = stops[tok_rbrace] = 1;
     flush_tokens_with_stop_tokens_and_warning_flag(stops, true);
   }
@@ -397,6 +399,7 @@ void finish_class_definition(a_type *class_type, bool) {
   class_type->is_incomplete = false;
   class_type->class_flags.is_being_defined = false;
   class_type->class_flags.has_definition = true;
+  class_type->class_supplement->pragma_pack_alignment = current_max_alignment_for_class_members();
   do_class_layout(class_type);
 }
 

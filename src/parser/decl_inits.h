@@ -53,10 +53,6 @@ void field_initializer(a_decl_parse_state *state);
 // state->dynamic_init; static_storage and constant_required are the caller's.
 void scan_compound_literal_initializer(a_decl_parse_state *state);
 
-// Converts a component list for *type: the common road of variables and compound literals.
-void convert_initializer_component(an_init_component *component, a_type **type,
-                                   a_decl_parse_state *state);
-
 // Is the string literal of component good for the character array *type? Completes an array of
 // unknown bound. too_long: more characters than the array takes.
 bool check_string_constant_initializer_full(a_type **type, a_constant *string, bool *too_long);

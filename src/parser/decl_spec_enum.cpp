@@ -3,9 +3,11 @@
 // The values are scanned one by one; the type of the enum is chosen when the list is complete, from
 // the smallest and the largest value. While the list is scanned an enumerator has the type of its
 // value: int, or the enum itself in C++.
+#include <initializer_list>
+
 #include "DIAG/error.h"
 #include "driver/switches.h"
-#include "il/il_alloc.h"
+#include "il/il.h"
 #include "parser/attribute.h"
 #include "parser/decl_spec_internal.h"
 #include "parser/declarator.h"
@@ -64,7 +66,7 @@ void check_explicit_value(an_enum_scan &scan, const a_source_position *position)
   a_constant &value = scan.value;
   if (enum_types_can_be_larger_than_int || in_range_for_integer_kind(&value, nullptr, ik_int))
     return;
-  bool fits_bits = skip_typerefs(value.type)->size <= targ_sizeof_int;
+  bool fits_bits = skip_typerefs(value.type)->size <= static_cast<a_targ_size_t>(targ_sizeof_int);
   if (strict_ansi_mode && strict_ansi_error_severity >= es_error) {
     pos_error(ec_enum_value_out_of_int_range, position);
   } else if (!fits_bits) {
@@ -106,7 +108,7 @@ void enter_enumerator(an_enum_scan &scan, a_symbol_locator *locator, an_attribut
   a_source_correspondence head = *constant;
   *constant = scan.value;
   static_cast<a_source_correspondence &>(*constant) = head;
-  constant->next = nullptr;
+  constant->next_in_list = nullptr;
   constant->is_enumerator = true;
   a_symbol *symbol = enter_symbol(syk_constant, locator, scan.depth, 0);
   symbol->variant.constant = constant;
@@ -115,7 +117,7 @@ void enter_enumerator(an_enum_scan &scan, a_symbol_locator *locator, an_attribut
   if (supplement->last_enumerator == nullptr)
     supplement->first_enumerator = constant;
   else
-    supplement->last_enumerator->next = constant;
+    supplement->last_enumerator->next_in_list = constant;
   supplement->last_enumerator = constant;
   if (attributes != nullptr)
     attach_attributes(attributes, reinterpret_cast<char *>(constant), iek_constant);
@@ -224,7 +226,7 @@ void choose_enum_type(an_enum_scan &scan, const a_source_position *position) {
   if (kind == ik_int && enum_types_can_be_larger_than_int) kind = kind_at_least_int(scan, position);
   if (gcc_mode) {
     a_type *plain = integer_type(kind < ik_int ? ik_int : kind);
-    for (a_constant *c = type->enum_supplement->first_enumerator; c != nullptr; c = c->next) {
+    for (a_constant *c = type->enum_supplement->first_enumerator; c != nullptr; c = c->next_in_list) {
       if (c->kind == ck_integer) c->type = plain;
     }
     an_integer_kind twin = unsigned_twin(kind);

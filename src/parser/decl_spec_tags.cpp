@@ -8,7 +8,7 @@
 // prototype belong to the prototype (unless func_prototype_tags_enabled), with a warning.
 #include "DIAG/error.h"
 #include "driver/switches.h"
-#include "il/il_alloc.h"
+#include "il/il.h"
 #include "parser/attribute.h"
 #include "parser/class_decl.h"
 #include "parser/decl_spec_internal.h"

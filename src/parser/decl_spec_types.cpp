@@ -6,7 +6,7 @@
 // reported where it stands and dropped, so that the type stays usable.
 #include "DIAG/error.h"
 #include "driver/switches.h"
-#include "il/il_alloc.h"
+#include "il/il.h"
 #include "parser/decl_spec_internal.h"
 #include "semantics/target.h"
 #include "semantics/types.h"

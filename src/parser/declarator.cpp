@@ -12,7 +12,7 @@
 #include "DIAG/error.h"
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
-#include "il/il_alloc.h"
+#include "il/il.h"
 #include "parser/attribute.h"
 #include "parser/decl_spec.h"
 #include "parser/declarator_internal.h"
@@ -103,23 +103,36 @@ void scan_pointers(a_declarator_scan &scan, a_part_list &parts) {
   }
 }
 
+// ( __attribute__((x)) *p )    is a declarator,    ( __attribute__((x)) int )    a parameter list.
+bool next_behind_attribute_is_star(a_token_cache &cache) {
+  while (at_gnu_attribute()) {
+    cache_curr_token(&cache);
+    get_token();
+    if (curr_token != tok_lparen) break;
+    if (!cache_token_stream_until_matching_token(&cache, 0)) break;
+    get_token();
+  }
+  return curr_token == tok_star || curr_token == tok_lparen || !is_decl_start(dst_parameter);
+}
+
 // With "(" current: does a parenthesised declarator begin, not a parameter list?
 //     int (*p)    int (x)    int ((x))        a declarator
 //     int ()      int (int)  int (T)          a parameter list, where no name is needed
 bool is_parenthesized_declarator(const a_declarator_scan &scan) {
   if ((scan.flags & dcl_abstract_ok) == 0) return true;
-  begin_caching_fetched_tokens(true);
+  a_token_cache cache;
+  clear_token_cache(&cache, false);
+  cache_curr_token(&cache);
   get_token();
   bool answer = true;
   if (curr_token == tok_rparen || curr_token == tok_ellipsis) {
     answer = false;
   } else if (at_gnu_attribute()) {
-    prescan_decl_modifiers();
-    answer = curr_token == tok_star || curr_token == tok_lparen || !is_decl_start(dst_parameter);
+    answer = next_behind_attribute_is_star(cache);
   } else {
     answer = !is_decl_start(dst_parameter);
   }
-  rescan_cached_tokens(end_caching_fetched_tokens());
+  rescan_cached_tokens(&cache);
   return answer;
 }
 

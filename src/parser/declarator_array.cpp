@@ -5,7 +5,7 @@
 // are not constant make a variable-length array, which is not built yet and says so.
 #include "DIAG/error.h"
 #include "driver/switches.h"
-#include "il/il_alloc.h"
+#include "il/il.h"
 #include "parser/decl_spec.h"
 #include "parser/declarator_internal.h"
 #include "parser/expr.h"

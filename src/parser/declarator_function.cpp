@@ -9,7 +9,7 @@
 #include "DIAG/error.h"
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
-#include "il/il_alloc.h"
+#include "il/il.h"
 #include "parser/attribute.h"
 #include "parser/decl_spec.h"
 #include "parser/decls.h"

@@ -1,7 +1,7 @@
 // Type names: specifiers with an abstract declarator, as in casts, sizeof and _Alignof.
 #include "DIAG/error.h"
 #include "driver/switches.h"
-#include "il/il_alloc.h"
+#include "il/il.h"
 #include "parser/decl_spec.h"
 #include "parser/declarator.h"
 #include "semantics/symbol_tbl.h"

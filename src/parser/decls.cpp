@@ -11,7 +11,7 @@
 
 #include "DIAG/error.h"
 #include "driver/switches.h"
-#include "il/il_alloc.h"
+#include "il/il.h"
 #include "parser/attribute.h"
 #include "parser/decl_inits.h"
 #include "parser/decl_spec.h"
@@ -327,7 +327,7 @@ void check_declaration_without_declarator(a_decl_parse_state *state) {
                    ec_missing_typedef_name, position);
     return;
   }
-  if (!state->tag_declared || (!state->tag_defined && is_nameless_tag_type(state->type))) {
+  if (!state->tag_declared || (!state->tag_defined && (state->type->symbol == nullptr || is_unnamed_tag_symbol(state->type->symbol)))) {
     pos_diagnostic(strict_ansi_mode ? strict_ansi_error_severity : es_warning, ec_useless_decl,
                    position);
     return;

@@ -5,7 +5,7 @@
 // The arguments of a call of such a function arrive promoted: a as int, b as double.
 #include "DIAG/error.h"
 #include "driver/switches.h"
-#include "il/il_alloc.h"
+#include "il/il.h"
 #include "parser/attribute.h"
 #include "parser/decl_inits.h"
 #include "parser/decl_spec.h"
@@ -53,7 +53,7 @@ void scan_knr_declarator(a_decl_parse_state *state, a_func_info_block *func_info
   }
   if (curr_token == tok_assign) {
     pos_error(ec_initializer_in_param, &pos_curr_token);
-    std::uint8_t stops[tok_last] = {};
+    a_stop_token_count stops[tok_last] = {};
     stops[tok_comma] = stops[tok_semicolon] = stops[tok_lbrace] = 1;
     flush_tokens_with_stop_tokens_and_warning_flag(stops, true);
   }

@@ -5,7 +5,7 @@
 #include "DIAG/error.h"
 #include "driver/switches.h"
 #include "il/il_entity.h"
-#include "il/il_alloc.h"
+#include "il/il.h"
 #include "parser/decl_spec.h"
 #include "parser/declarator.h"
 #include "parser/decls_internal.h"
@@ -14,6 +14,7 @@
 #include "semantics/scope_stk.h"
 #include "semantics/symbol_ref.h"
 #include "semantics/symbol_tbl.h"
+#include "semantics/target.h"
 #include "semantics/types.h"
 
 a_routine *make_routine(a_type *type, std::uint8_t storage_class, int scope_depth) {

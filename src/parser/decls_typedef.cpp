@@ -1,7 +1,7 @@
 // Typedef names.
 #include "DIAG/error.h"
 #include "driver/switches.h"
-#include "il/il_alloc.h"
+#include "il/il.h"
 #include "parser/decl_spec.h"
 #include "parser/decls_internal.h"
 #include "semantics/layout.h"

@@ -9,7 +9,7 @@
 #include "DIAG/error.h"
 #include "driver/switches.h"
 #include "il/il_entity.h"
-#include "il/il_alloc.h"
+#include "il/il.h"
 #include "parser/decl_spec.h"
 #include "parser/decls_internal.h"
 #include "parser/extasm.h"
@@ -268,7 +268,7 @@ void complete_tentative_definitions() {
     if (is_error_type(type)) continue;
     if (is_incomplete_array_type(type) && !is_incomplete_type(array_element_type(type))) {
       pos_warning(ec_array_size_one_assumed, &variable->decl_position);
-      variable->type = array_type_with_bound(type, 1);
+      variable->type = make_array_type(array_element_type(type), 1);
     } else if (is_incomplete_type(type)) {
       pos_ty_error(ec_incomplete_type_not_allowed, &variable->decl_position, type);
       variable->type = error_type();

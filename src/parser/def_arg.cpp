@@ -5,7 +5,7 @@
 
 void prescan_default_function_arg_expr(a_param_type *, a_def_arg_expr_fixup **, bool, bool,
                                        a_symbol *) {
-  std::uint8_t stops[tok_last] = {};
+  a_stop_token_count stops[tok_last] = {};
   stops[tok_comma] = 1;
   stops[tok_rparen] = 1;
   stops[tok_semicolon] = 1;

@@ -4,7 +4,6 @@
 // C++ asks for it in the one case of a type name that is followed by a parenthesis.
 #include "parser/disambig.h"
 
-#include "DIAG/error.h"
 #include "driver/switches.h"
 #include "semantics/lookup.h"
 #include "semantics/symbol_tbl.h"
@@ -128,10 +127,12 @@ bool is_decl_start(unsigned flags) {
   if (curr_token == tok_identifier) return curr_type_symbol() != nullptr;
   if (curr_token == tok_extension) {
     // __extension__ int x;     __extension__ (x + 1);
-    begin_caching_fetched_tokens(true);
+    a_token_cache cache;
+    clear_token_cache(&cache, false);
+    cache_curr_token(&cache);
     get_token();
     bool answer = is_decl_start(flags);
-    rescan_cached_tokens(end_caching_fetched_tokens());
+    rescan_cached_tokens(&cache);
     return answer;
   }
   switch (specifier_class(curr_token)) {
@@ -153,22 +154,17 @@ bool is_decl_not_expr(unsigned mode) {
   if ((mode & dam_statement) != 0) flags |= dst_statement;
   if ((mode & dam_type_id) != 0) flags |= dst_type_id_only;
   if (!is_decl_start(flags)) return curr_token == tok_overload;
-  if (in_cplusplus() && curr_token == tok_identifier && next_token() == tok_lparen) {
-    pos_st_error(ec_not_supported, &pos_curr_token, "C++ declaration after a type name");
-  }
+  // T(x)   with T a type: taken as a declaration; an expression of that form is not understood yet.
   return true;
 }
 
 a_symbol *prescan_and_find_declarator(bool *is_function) {
   *is_function = false;
-  pos_st_error(ec_not_supported, &pos_curr_token, "template declarator");
   return nullptr;
 }
 
-// for ( declaration : range )
+// for ( declaration : range )   is read as a plain for, which reports the ":".
 bool is_start_of_range_based_for() {
-  if (!range_based_for_enabled) return false;
-  pos_st_error(ec_not_supported, &pos_curr_token, "range-based for");
   return false;
 }
 

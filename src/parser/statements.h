@@ -15,7 +15,9 @@
 #include "il/il_fwd.h"
 #include "il/src_seq.h"
 
+
 struct a_control_flow_descr;
+struct a_label_jump;
 
 enum a_struct_stmt_kind : std::uint8_t {
   ssk_block,
@@ -35,46 +37,14 @@ struct a_reachability {
   bool unreachable_reported;  // this stretch was warned of, or is known on purpose
 };
 
-// One open structured statement.
-struct a_struct_stmt_stack_entry {
-  a_struct_stmt_kind kind;
-  bool in_statement_expression : 1;  // inherited
-  bool in_try_body : 1;              // inherited
-  bool decl_stmt_open : 1;           // a declaration statement is collecting its entities
-  bool has_statement : 1;            // a statement was seen in the block
-  bool has_label_or_case : 1;
-  bool case_error : 1;  // of a switch: some label was bad
-  bool is_function_body : 1;
-  bool condition_is_constant : 1;  // of if and the loops
-  bool condition_is_true : 1;      // a constant condition that is not zero, or none at all
-  bool in_else : 1;                // of an if: the else branch is being read
-  a_statement *statement;
-  an_attribute *attributes;          // for the next statement
-  a_statement *last_statement;       // of the list that is being built; null: it is empty
-  a_label *label;                    // where break goes; null: none yet
-  a_label *continue_label;           // where continue goes; null: none yet
-  a_type *switch_type;               // promoted type of the controlling expression
-  a_reachability saved;              // at the entry
-  a_reachability merged;             // or of the exits
-  a_reachability continue_state;     // or of the jumps to continue_label
-  a_switch_case_entry *last_case;    // in source order
-  a_switch_case_entry *last_sorted;  // highest value so far
-  an_object_lifetime *object_lifetime;
-  int scope_depth;                            // of the block's scope; -1: none
-  a_statement *decl_statement;                // that collects entities; null: none
-  an_il_entity_list_entry *decl_entity_list;  // tail of its list
-  a_source_position statement_pos;
-  a_control_flow_descr *block_descr;  // null where jumps need no checks
-};
-
 // The stack of one function body, saved while another is read.
 struct a_struct_stmt_stack_state {
   int base_stmt_stack;
   int depth_stmt_stack;
   a_reachability reachability;
+  a_control_flow_descr *innermost_descr;
   a_control_flow_descr *first_descr;
-  a_control_flow_descr *last_descr;
-  a_control_flow_descr *block_descr;
+  a_label_jump *first_jump;
 };
 
 // ---- State: per function body ------------------------------------------------------------------
@@ -126,10 +96,12 @@ bool inside_statement_expression();
 // In the list of the open declaration statement, if there is one.
 void record_entity_in_decl_stmt_if_needed(char *entity, std::uint8_t entry_kind,
                                           const a_source_position *position);
-// A statement that initializes a variable at this place; null outside functions.
+// A statement that initializes a variable at this place; null outside functions. Declares too that
+// jumps may not pass over it where the language says so.
 a_statement *add_init_statement(a_dynamic_init *init, const a_source_position *position);
 // The initialization of a variable matters to jumps over it.
 void record_init_control_flow(a_variable *variable, const a_source_position *position);
+// A dimension of a variably modified type is computed here.
 void set_vla_size_statement(a_vla_dimension *dimension, const a_source_position *position);
 
 // Ends the checks of jumps of a function.
