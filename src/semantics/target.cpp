@@ -88,8 +88,8 @@ class a_configuration_dump {
     std::size_t length = std::strlen(parameter);
     check_invariant(length < sizeof upper);
     for (std::size_t i = 0; i <= length; ++i)
-      upper[i] = parameter[i] >= 'a' && parameter[i] <= 'z' ? parameter[i] - 'a' + 'A'
-                                                            : parameter[i];
+      upper[i] =
+          parameter[i] >= 'a' && parameter[i] <= 'z' ? parameter[i] - 'a' + 'A' : parameter[i];
     std::fprintf(stream_, "#define %s_%s %s\n", upper, name_, value);
   }
 
@@ -213,9 +213,8 @@ an_integer_kind int_kind_for_size_and_alignment(std::uint64_t size, std::uint32_
 }
 
 an_integer_kind int_kind_for_bit_size(int bits, bool is_signed) {
-  return first_kind_with(is_signed, [&](const an_integer_model &model) {
-    return model.size * targ_char_bit == bits;
-  });
+  return first_kind_with(
+      is_signed, [&](const an_integer_model &model) { return model.size * targ_char_bit == bits; });
 }
 
 std::uint64_t size_of_pointer_to(const a_type *, std::uint32_t *alignment) {

@@ -19,9 +19,30 @@
 #include "il/il.h"
 #include "il/src_seq.h"
 
-// ---- Special types -----------------------------------------------------------------------------
-// The fundamental types (integer_type and its kin) stand in il/il.h.
+// ---- Fundamental types -------------------------------------------------------------------------
+// Made at the first request, once for each translation unit.
 
+a_type *error_type();
+a_type *void_type();
+a_type *unknown_type();
+a_type *integer_type(an_integer_kind kind);
+a_type *signed_integer_type(an_integer_kind kind);  // written with "signed"
+a_type *float_type(a_float_kind kind);
+a_type *complex_type(a_float_kind kind);
+a_type *imaginary_type(a_float_kind kind);
+a_type *bool_type();  // bool, _Bool
+a_type *wchar_t_type();
+a_type *char16_t_type();
+a_type *char32_t_type();
+// The keyword type, or without the keyword the integer type that stands for it.
+a_type *eff_wchar_t_type();
+a_type *eff_char16_t_type();
+a_type *eff_char32_t_type();
+a_type *standard_nullptr_type();
+a_type *managed_nullptr_type();
+// The array type of a string literal of length characters, the terminating zero included; a length
+// of 0 is an array of no elements.
+a_type *string_literal_type(a_string_char_kind char_kind, std::uint64_t length);
 a_type *qx_wildcard_type();  // of an intrinsic's operand that takes anything
 a_type *string_literal_element_type(a_string_char_kind char_kind);  // with const where it has it
 
@@ -46,6 +67,9 @@ bool is_typedef(const a_type *type);  // a typeref with a name
 
 // ---- Predicates --------------------------------------------------------------------------------
 
+inline bool is_class_kind(a_type_kind kind) {
+  return kind >= tk_class && kind <= tk_union;
+}
 inline bool type_has_kind(const a_type *type, a_type_kind kind) {
   return skip_typerefs(type)->kind == kind;
 }

@@ -1,8 +1,8 @@
 // The architectures of the target.
 #include "target/arm_arch.h"
 
-#include <cstring>
 #include <strings.h>
+#include <cstring>
 
 #include "semantics/target.h"
 
