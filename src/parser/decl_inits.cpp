@@ -96,8 +96,7 @@ a_constant *scan_object_initializer(an_init_walk &walk, a_type **type) {
     return scan_unbraced_array(walk, type);
   }
   if (is_aggregate) return scan_unbraced_class(walk, type);
-  fetch_operand(walk);
-  return convert_pending(walk, *type);
+  return scan_scalar_value(walk, *type);
 }
 
 namespace {

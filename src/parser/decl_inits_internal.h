@@ -17,6 +17,7 @@ struct an_init_walk {
   bool in_recovery;        // an element failed; no more messages about values
   bool has_pending;
   an_operand pending;
+  an_expr_stack_entry entry;  // its expression context, open while has_pending
   int depth;               // of braces and subobjects
 };
 
@@ -43,6 +44,8 @@ void fetch_operand(an_init_walk &walk);
 a_type *type_of_pending(const an_init_walk &walk);
 // Converts the pending expression to a scalar type, or to its own class type.
 a_constant *convert_pending(an_init_walk &walk, a_type *type);
+// A scalar without braces.
+a_constant *scan_scalar_value(an_init_walk &walk, a_type *type);
 // { value }
 a_constant *scan_braced_scalar(an_init_walk &walk, a_type *type);
 // A string literal for a character array stands here, perhaps in parentheses.
