@@ -63,6 +63,8 @@ struct a_source_file {
   bool is_primary : 1;
   bool flag1 : 1;  // only stored, for the input stack
   bool flag3 : 1;
+  a_source_file *real_file;       // the file on the disk; itself, unless it is a clone
+  std::uint32_t real_lines_done;  // of a real file: lines in its closed stretches, clones included
   a_source_file *children;
   a_source_file *last_child;
   a_source_file *next;  // sibling
@@ -73,6 +75,7 @@ struct a_seq_number_lookup_entry {
   a_seq_number first_seq;
   a_seq_number last_seq;  // open_ended_seq: the stretch is open
   a_line_number first_line;
+  a_line_number first_real_line;  // in the file on the disk
   a_source_file *file;
 };
 
@@ -98,7 +101,6 @@ struct an_element_position {
 
 // ---- State: per translation unit ---------------------------------------------------------------
 
-extern a_seq_number seq_number_last_read;  // of the line read last; written by the input stack
 extern a_seq_number_lookup_entry *seq_number_lookup_entries;  // in order of sequence
 extern a_seq_number_lookup_entry *last_seq_number_lookup_entry;
 extern a_memory_region_number curr_il_region_number;  // where entries of the current region go
