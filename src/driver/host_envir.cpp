@@ -17,6 +17,7 @@
 #include "driver/trans_unit.h"
 
 std::FILE *f_error = stderr;
+std::FILE *f_xref_info = nullptr;
 bool in_front_end;
 const char *compilation_date_string;
 bool host_little_endian = true;

@@ -43,6 +43,7 @@ struct a_getc_source_state {
 // ---- Fixed after the command line --------------------------------------------------------------
 
 extern std::FILE *f_error;                   // where messages go
+extern std::FILE *f_xref_info;               // the cross-reference file; null: none is written
 extern bool in_front_end;                    // the front end proper runs
 extern const char *compilation_date_string;  // ctime text of the start; null before it
 extern bool host_little_endian;

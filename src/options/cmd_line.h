@@ -11,6 +11,7 @@
 
 #include "ifile/if_util.h"
 #include "il/il_fwd.h"
+#include "il/src_seq.h"
 
 // Options by id; names that mean two directions of one thing share one.
 enum an_option_id : std::uint16_t;

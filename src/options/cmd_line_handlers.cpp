@@ -8,6 +8,7 @@
 #include "driver/cfe.h"
 #include "driver/host_envir.h"
 #include "driver/mem_manage.h"
+#include "driver/signals.h"
 #include "driver/switches.h"
 #include "options/cmd_line_internal.h"
 #include "options/configuration.h"

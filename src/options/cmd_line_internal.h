@@ -44,7 +44,7 @@ void set_dialect(int dialect);
 
 // The routine of each option with an effect of its own; value is that of its row.
 using an_option_handler = void (*)(int value);
-#define OPTION(id, name, letter, value, takes_argument, accepted, handler) void handler(int value);
+#define OPTION(id, name, letter, value, takes_argument, accepted, handler) void handler(int);
 #define FLAG_OPTION(id, name, letter, value, variable)
 #include "options/options.def"
 

@@ -10,7 +10,6 @@ inline constexpr int tool_version_number = 413;
 inline constexpr char build_date[] = "Nov 23 2026";
 inline constexpr char build_time[] = "00:00:00";
 
-const char *tool_name();
 // Writes the configuration as a header of macros.
 void dump_configuration(std::FILE *stream);
 

@@ -1,0 +1,83 @@
+// What the rooms of the generator share.
+#ifndef ANSI_I_GEN_BE_INTERNAL_H
+#define ANSI_I_GEN_BE_INTERNAL_H
+
+#include <vector>
+
+#include "ANSI/i_gen_be.h"
+#include "ifile/if_write.h"
+#include "il/il_entity.h"
+#include "il/il_expr.h"
+#include "il/il_stmt.h"
+
+// ---- State of one run of back_end --------------------------------------------------------------
+
+extern I_FILE *i_file;
+extern TYPE_PKG *type_pkg;
+extern PSN current_psn;                             // of the statement or declaration in hand
+extern a_routine *current_routine;                  // null outside routines
+extern std::vector<a_variable *> promoted_statics;  // local statics that became file-level
+
+// ---- Types (i_gen_types.cpp) -------------------------------------------------------------------
+
+TYPE *tp_type(a_type *type);
+// The type that a class stands for as a scalar, or null.
+a_type *scalar_csu(a_type *type);
+const PSN *make_psn(const a_source_position &position);
+void set_current_psn(const a_source_position &position);
+void reset_type_cache();
+
+// ---- Symbols (i_gen_symbols.cpp) ---------------------------------------------------------------
+
+// The name of an entity in the file, from the package's memory.
+const char *sym_name(const a_source_correspondence *entity);
+SYMTAB *symbol_of_routine(a_routine *routine);
+SYMTAB *symbol_of_variable(a_variable *variable);
+// The symbol made for a variable already, or null.
+SYMTAB *known_symbol(const a_source_correspondence *entity);
+void set_symbol(a_source_correspondence *entity, SYMTAB *symbol);
+SYMTAB *new_symbol(const char *name, a_type *type, std::uint8_t storage_class);
+// Enters a file-level symbol that is not entered yet.
+void enter_if_new(SYMTAB *symbol);
+void add_pragma(SYMTAB *symbol, a_file_pragma_kind kind, std::vector<const char *> texts = {});
+// memset, for zeroed locals: a routine of the file, or a symbol of the generator's own.
+SYMTAB *symbol_of_memset();
+void promote_local_static(a_variable *variable, a_routine *routine);
+void collect_pragmas(const a_scope *file_scope);
+void reset_symbols();
+
+// ---- Routines and statements (i_gen_routines.cpp, i_gen_statements.cpp) ------------------------
+
+void generate_routine(a_routine *routine);
+void generate_statements(a_statement *first);
+void generate_block_symbols(a_scope *scope);
+std::uint32_t new_label();
+std::uint32_t number_of_label(a_label *label);
+void restart_labels();
+// The parameter as it comes in, where the body has a variable of its own for it; else null.
+SYMTAB *incoming_parameter(const a_variable *variable);
+
+// ---- Nodes -------------------------------------------------------------------------------------
+
+inline void put(const NODE &node) {
+  i_file->if_write_expr_node(&node);
+}
+inline void put(a_node_op op, TYPE *type) {
+  put(NODE(op, type));
+}
+inline TYPE *basic_int() {
+  return type_pkg->basic_types[TYPE::INT];
+}
+inline TYPE *basic_void() {
+  return type_pkg->void_type;
+}
+void put_name(SYMTAB *symbol, TYPE *type);
+void put_label(std::uint32_t label);
+void put_icon(TYPE *type, std::uint64_t value);
+void put_lcon(TYPE *type, std::uint64_t value);
+// Record 46 at the current position; the nodes follow.
+inline void start_expression() {
+  i_file->if_write_expr(nullptr, &current_psn);
+}
+
+#endif
