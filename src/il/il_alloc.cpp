@@ -474,6 +474,7 @@ void il_alloc_one_time_init() {
   register_trans_unit_variable(&available_derivation_steps);
   register_trans_unit_variable(&available_template_args);
   register_trans_unit_variable(&orphaned_file_scope_il_entries);
+  il_constants_one_time_init();
 }
 
 void il_alloc_init() {
@@ -487,4 +488,5 @@ void il_alloc_trans_unit_init() {
   clear_record(&orphaned_file_scope_il_entries);
   okay_to_eliminate_unneeded_il_entries = remove_unneeded_entities;
   set_il_lowering_flag(false);
+  il_constants_trans_unit_init();
 }

@@ -124,6 +124,9 @@ inline a_constant *alloc_unshared_constant(const a_constant *constant) {
 // One constant of the IL for each value and scope class.
 a_constant *alloc_shareable_constant(const a_constant *constant);
 std::uint32_t hash_constant(const a_constant *constant);
+// Equal kinds, types and values; with ccf_exact the marks that later phases read must agree too.
+enum a_compare_constants_flag { ccf_none = 0, ccf_exact = 1 };
+bool compare_constants(const a_constant *a, const a_constant *b, int flags);
 void empty_shareable_constants_table();
 void empty_func_shareable_constants_table(a_scope_stack_entry *entry);
 // The constant refers to an entry of a function region.

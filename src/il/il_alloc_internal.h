@@ -40,6 +40,9 @@ inline T *alloc_fs_record_with_head() {
   return set_head(alloc_fs_record<T>());
 }
 
+void il_constants_one_time_init();
+void il_constants_trans_unit_init();
+
 inline void clear_bytes(void *start, const void *end) {
   std::memset(
       start, 0,
