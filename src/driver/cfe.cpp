@@ -13,7 +13,6 @@
 #include <cstdlib>
 #include <exception>
 
-#include "ANSI/ah_gen_be.h"
 #include "ANSI/i_gen_be.h"
 #include "DIAG/error.h"
 #include "driver/fe_init.h"
@@ -47,11 +46,7 @@ void show_time_since(const char *label, const a_timer &start) {
 void generate_code() {
   a_timer start;
   get_timer(&start);
-  if (asm_header_mode) {
-    ah_back_end();
-  } else {
-    back_end();
-  }
+  back_end();
   if (display_compilation_time) show_time_since("Back end time", start);
 }
 

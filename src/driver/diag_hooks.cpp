@@ -81,7 +81,7 @@ int word_for_symbol(const a_symbol *symbol) {
   }
 }
 
-a_type *type_of_symbol(const a_symbol *symbol) {
+a_type *type_shown_for_symbol(const a_symbol *symbol) {
   switch (symbol->kind) {
     case syk_variable:
     case syk_parameter:
@@ -106,7 +106,7 @@ void form_symbol_for_message(a_symbol *symbol, const a_symbol_form *form, a_text
     add_char_to_text_buffer(out, ' ');
   }
   add_char_to_text_buffer(out, '"');
-  a_type *type = form->with_type ? type_of_symbol(symbol) : nullptr;
+  a_type *type = form->with_type ? type_shown_for_symbol(symbol) : nullptr;
   an_il_to_str_output_control_block block;
   init_block(&block, out);
   if (type != nullptr) form_type_first_part(type, false, true, 0, 0, &block);
@@ -183,7 +183,7 @@ void find_signal_place(a_signal_place *place) {
   }
   if (depth_innermost_function_scope < 0 || !plausible(scope_stack.chunks)) return;
   const a_routine *routine = scope_stack[depth_innermost_function_scope].assoc_routine;
-  if (plausible(routine) && plausible(routine->source_corresp.name)) {
-    place->function = routine->source_corresp.name;
+  if (plausible(routine) && plausible(routine.name)) {
+    place->function = routine.name;
   }
 }

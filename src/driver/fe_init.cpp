@@ -22,7 +22,6 @@
 #include "source/lexical.h"
 #include "source/macro.h"
 #include "source/pp_output.h"
-#include "target/misra.h"
 
 #define EARLY_INIT(module) void module##_early_init();
 #define ONE_TIME_INIT(module) void module##_one_time_init();
@@ -74,15 +73,10 @@ void turn_off_power_advice_messages() {
 // The settings that the later phases read from the IL.
 void copy_settings_to_il_header() {
   il_header.plain_char_is_signed = targ_has_signed_chars;
-  il_header.source_is_pcc = in_pcc_mode();
-  il_header.source_is_c = !in_cplusplus();
+  il_header.source_language = in_cplusplus() ? sl_cplusplus : sl_c;
   il_header.std_version = std_version;
-  il_header.default_max_member_alignment = default_max_member_alignment;
-  il_header.gcc_mode = gcc_mode;
-  il_header.gpp_mode = gpp_mode;
-  il_header.clang_mode = clang_mode;
-  il_header.gnu_version = gnu_version;
-  il_header.clang_version = clang_version;
+  il_header.short_enums_in_use = enum_types_can_be_smaller_than_int;
+  il_header.target_configuration_index = target_configuration_index;
 }
 
 void open_pp_output() {
@@ -110,7 +104,6 @@ void fe_one_time_init() {
   error_position = null_source_position;
   if (multibyte_chars_in_source_enabled) set_multibyte_locale();
   run_rows(one_time_rows);
-  if (check_misra_c_2004) misra_one_time_init();
 }
 
 void fe_init_part_1() {
@@ -123,9 +116,6 @@ void fe_init_part_1() {
   run_rows(init_rows);
   if (object_file_name == nullptr) {
     object_file_name = derived_name(primary_source_file_name, ".obj");
-  }
-  if (in_cplusplus() && make_all_functions_unprototyped) {
-    pass_stdarg_references_to_generated_code = false;
   }
   copy_settings_to_il_header();
   if (pp_output_file_needed) open_pp_output();

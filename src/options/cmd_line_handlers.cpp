@@ -344,10 +344,8 @@ void option_zvn_base_dir(int) {
   if (!is_directory(zvn_base_directory))
     str_command_line_error(ec_cl_invalid_zvn_base_directory, zvn_base_directory);
 }
-void option_asmheaders(int) {
-  asm_header_mode = true;
-  remove_unneeded_entities = false;
-}
+// The writer of assembly headers is not part of this program yet.
+void option_asmheaders(int) { refuse("--asmheaders"); }
 void option_no_il_lowering(int) {
   suppress_il_lowering = suppress_back_end = true;
 }
