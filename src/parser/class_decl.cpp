@@ -127,7 +127,9 @@ void scan_bit_field_width(a_member &member) {
 
 // ---- Fields ------------------------------------------------------------------------------------
 
-bool is_open_array(a_type *type) { return is_array_type(type) && is_incomplete_array_type(type); }
+bool is_open_array(a_type *type) {
+  return is_array_type(type) && is_incomplete_array_type(type);
+}
 
 // The type of an ordinary field; the error type, after a message, where no field can have it.
 a_type *check_field_type(a_class_scan &scan, const a_member &member, a_type *type) {
@@ -296,7 +298,8 @@ void scan_member_declarators(a_class_scan &scan, a_decl_parse_state &state) {
 //     static_assert-declaration
 void scan_member_declaration(a_class_scan &scan) {
   if (curr_token_pragmas != nullptr) process_curr_token_pragmas();
-  while (curr_token == tok_extension) get_token();
+  while (curr_token == tok_extension)
+    get_token();
   if (curr_token == tok_static_assert) {
     static_assert_declaration();
     return;
@@ -336,16 +339,15 @@ void recover_in_class_body(a_class_scan &) {
   add_stop_token(tok_semicolon);
   syntax_error(ec_exp_declaration);
   remove_stop_token(tok_semicolon);
-  if (curr_token == tok_semicolon ||
-      (curr_token_sequence_number == before && curr_token != tok_rbrace &&
-       curr_token != tok_end_of_source))
+  if (curr_token == tok_semicolon || (curr_token_sequence_number == before &&
+                                      curr_token != tok_rbrace && curr_token != tok_end_of_source))
     get_token();
 }
 
 void scan_member_list(a_class_scan &scan) {
   while (curr_token != tok_rbrace && curr_token != tok_end_of_source) {
-    bool is_member = is_decl_start(0) || curr_token == tok_semicolon || curr_token == tok_identifier ||
-                     curr_token == tok_colon;
+    bool is_member = is_decl_start(0) || curr_token == tok_semicolon ||
+                     curr_token == tok_identifier || curr_token == tok_colon;
     if (is_member)
       scan_member_declaration(scan);
     else

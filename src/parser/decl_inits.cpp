@@ -1,9 +1,9 @@
 // Initializers of variables and compound literals: what may be initialized, the value of an object
 // of any type, and where the value goes.
 //
-// A constant value of an object of static storage stays with the variable; it and everything that it
-// refers to lie in the file-scope region. An automatic object gets a dynamic initialization, which
-// is a statement at the place of the declaration, also when its value is a constant.
+// A constant value of an object of static storage stays with the variable; it and everything that
+// it refers to lie in the file-scope region. An automatic object gets a dynamic initialization,
+// which is a statement at the place of the declaration, also when its value is a constant.
 #include "parser/decl_inits.h"
 
 #include "DIAG/error.h"
@@ -194,6 +194,14 @@ void attach_value(a_decl_parse_state *state, an_init_walk &walk, a_type *type, a
   if (!symbol->is_error_symbol) mark_variable_value_set(symbol);
 }
 
+// The value of something that has no type: passed over in silence.
+a_constant *skip_initializer(an_init_walk &walk) {
+  a_stop_token_count stops[tok_last] = {};
+  stops[tok_comma] = stops[tok_semicolon] = 1;
+  flush_tokens_with_stop_tokens_and_warning_flag(stops, true);
+  return make_error_value(walk);
+}
+
 // __auto_type x = value;
 a_type *deduce_auto_type(an_init_walk &walk) {
   if (curr_token == tok_lbrace) {
@@ -220,14 +228,16 @@ void initializer(a_decl_parse_state *state, const a_source_position *, bool, boo
   walk.state = state;
   bool is_aggregate = is_array_type(type) || is_class_struct_union_type(type);
   walk.constant_required =
-      usable && (state->static_storage ||
-                 (is_aggregate && curr_token == tok_lbrace && !in_cplusplus() &&
-                  !allow_nonconstant_auto_aggr_init_in_c_mode));
+      usable &&
+      (state->static_storage || (is_aggregate && curr_token == tok_lbrace && !in_cplusplus() &&
+                                 !allow_nonconstant_auto_aggr_init_in_c_mode));
   state->constant_required = walk.constant_required;
   a_memory_region_number saved_region = curr_il_region_number;
   if (state->static_storage) switch_to_file_scope_region(&saved_region);
   if (usable && state->auto_type != nullptr) type = deduce_auto_type(walk);
-  a_constant *value = scan_object_initializer(walk, &type);
+  a_constant *value = is_error_type(type) && !walk.has_pending
+                          ? skip_initializer(walk)
+                          : scan_object_initializer(walk, &type);
   if (state->static_storage) switch_back_to_original_region(saved_region);
   if (usable)
     attach_value(state, walk, type, value, &position);
@@ -297,12 +307,15 @@ void update_array_var_type_from_initializer_constant(a_variable *variable) {
   if (value->type != nullptr && is_array_type(value->type)) variable->type = value->type;
 }
 
-bool prep_aggr_initializer(an_init_component *, a_type **, an_init_state *, an_arg_match_summary *) {
+bool prep_aggr_initializer(an_init_component *, a_type **, an_init_state *,
+                           an_arg_match_summary *) {
   pos_st_error(ec_not_supported, &pos_curr_token, "list initialization is");
   return false;
 }
 
-a_field *curr_initializer_field() { return nullptr; }
+a_field *curr_initializer_field() {
+  return nullptr;
+}
 
 void decl_inits_one_time_init() {}
 void decl_inits_trans_unit_init() {}

@@ -5,12 +5,12 @@
 // One routine walks one array or class. With braces of its own it reads to the "}"; with elided
 // braces it takes as many elements of the list around it as it has members, and leaves the comma
 // behind the last one. A designator ends every elided walk, since it speaks to the list in whose
-// braces it stands; its own path ".a[2].b" is followed by elided walks that begin with their part of
-// the path, so that the values behind it go on where the path led.
+// braces it stands; its own path ".a[2].b" is followed by elided walks that begin with their part
+// of the path, so that the values behind it go on where the path led.
 //
-// The constant holds the elements in the order written. A ck_designator stands in front of an element
-// that is not the next one; members without a value are not stored; equal values in a row of a range
-// are one ck_repeat. The work is linear in the text, whatever the bounds are.
+// The constant holds the elements in the order written. A ck_designator stands in front of an
+// element that is not the next one; members without a value are not stored; equal values in a row
+// of a range are one ck_repeat. The work is linear in the text, whatever the bounds are.
 #include "DIAG/error.h"
 #include "driver/switches.h"
 #include "il/il.h"
@@ -46,7 +46,7 @@ struct an_aggregate_walk {
   an_init_walk *walk;
   a_brace_form form;
   a_constant *aggregate;
-  bool first;              // no element was read yet
+  bool first;  // no element was read yet
   bool excess_reported;
 };
 
@@ -155,9 +155,9 @@ struct an_array_walk {
   an_aggregate_walk list;
   a_type *element;
   bool has_limit;
-  std::uint64_t limit;    // number of elements, with has_limit
-  std::uint64_t index;    // of the next element
-  std::uint64_t count;    // one behind the highest index with a value
+  std::uint64_t limit;  // number of elements, with has_limit
+  std::uint64_t index;  // of the next element
+  std::uint64_t count;  // one behind the highest index with a value
 };
 
 // [ constant ]    [ constant ... constant ]
@@ -251,7 +251,8 @@ void complete_open_array(an_array_walk &array, a_type **type) {
   *type = complete;
 }
 
-a_constant *scan_array(an_init_walk &walk, a_type **type, a_brace_form form, a_constant *aggregate) {
+a_constant *scan_array(an_init_walk &walk, a_type **type, a_brace_form form,
+                       a_constant *aggregate) {
   a_type *bottom = skip_typerefs(*type);
   an_array_walk array = {};
   array.list = {&walk, form, aggregate, true, false};
@@ -285,13 +286,13 @@ a_field *next_initializable_field(a_field *field) {
 struct a_class_walk {
   an_aggregate_walk list;
   a_type *type;
-  a_field *field;      // the next one; null: all have had their turn
+  a_field *field;  // the next one; null: all have had their turn
   bool is_union;
 };
 
 // .name    or    name:
-// Sets the field. The path into anonymous members goes on in elided walks: then the designator stays
-// the current token and *inside is set. False after a message.
+// Sets the field. The path into anonymous members goes on in elided walks: then the designator
+// stays the current token and *inside is set. False after a message.
 bool scan_field_designator(a_class_walk &walk, bool *old_form, bool *inside) {
   *inside = false;
   *old_form = curr_token == tok_identifier;

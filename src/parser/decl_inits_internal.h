@@ -14,11 +14,11 @@ struct an_init_walk {
   bool constant_required;  // a value that is no constant is an error
   bool any_dynamic;        // some value is computed at run time
   bool error;
-  bool in_recovery;        // an element failed; no more messages about values
+  bool in_recovery;  // an element failed; no more messages about values
   bool has_pending;
   an_operand pending;
   an_expr_stack_entry entry;  // its expression context, open while has_pending
-  int depth;               // of braces and subobjects
+  int depth;                  // of braces and subobjects
 };
 
 // How the value of a subobject is written.

@@ -1,10 +1,10 @@
 // The values of initializers that are single expressions: scalars, strings, whole class objects.
 //
-// An expression is scanned before it is known what it initializes: "{ x, y }" for a struct of structs
-// gives x to the inner struct as a whole if it has that type, and to its first member otherwise. The
-// scanned operand waits in the walk with its expression context open, until convert_pending closes
-// both. A literal that is plainly the value of the scalar it stands for, as in tables of numbers,
-// takes a short way without an expression context.
+// An expression is scanned before it is known what it initializes: "{ x, y }" for a struct of
+// structs gives x to the inner struct as a whole if it has that type, and to its first member
+// otherwise. The scanned operand waits in the walk with its expression context open, until
+// convert_pending closes both. A literal that is plainly the value of the scalar it stands for, as
+// in tables of numbers, takes a short way without an expression context.
 #include "DIAG/error.h"
 #include "driver/switches.h"
 #include "il/il.h"
@@ -25,7 +25,9 @@ void fetch_operand(an_init_walk &walk) {
   walk.has_pending = true;
 }
 
-a_type *type_of_pending(const an_init_walk &walk) { return walk.pending.type; }
+a_type *type_of_pending(const an_init_walk &walk) {
+  return walk.pending.type;
+}
 
 namespace {
 
@@ -173,7 +175,8 @@ bool char_kinds_fit(const a_type *type, const a_constant *string) {
 
 std::uint64_t characters_of(const a_constant *string) {
   a_type *element = string_literal_element_type(string->string_char_kind);
-  return element->size == 0 ? string->string_length : string->string_length / skip_typerefs(element)->size;
+  return element->size == 0 ? string->string_length
+                            : string->string_length / skip_typerefs(element)->size;
 }
 
 }  // namespace

@@ -331,7 +331,8 @@ void skip_memory_keyword() {
   }
 }
 
-// ---- Types that are not arithmetic keywords -------------------------------------------------------
+// ---- Types that are not arithmetic keywords
+// -------------------------------------------------------
 
 // "auto" means a storage class in C, and the type of the initializer in C++11.
 void scan_auto(a_specifier_scan &scan) {
@@ -402,8 +403,8 @@ void scan_keyword_for_whole_type(a_specifier_scan &scan) {
 void scan_tag_specifier(a_specifier_scan &scan) {
   a_source_position position = pos_curr_token;
   bool is_enum = curr_token == tok_enum;
-  a_type *type = is_enum ? enum_specifier(scan.state, scan.flags)
-                         : class_specifier(scan.state, scan.flags);
+  a_type *type =
+      is_enum ? enum_specifier(scan.state, scan.flags) : class_specifier(scan.state, scan.flags);
   add_whole_type(scan, is_enum ? base_enum : base_class, type, &position);
 }
 
@@ -745,7 +746,8 @@ bool restrict_qualifier_is_allowed(a_type *type, const a_source_position *positi
     pos_error(ec_restrict_pointer_to_function, position);
     return false;
   }
-  if (is_array_type(type)) return restrict_qualifier_is_allowed(underlying_array_element_type(type), position);
+  if (is_array_type(type))
+    return restrict_qualifier_is_allowed(underlying_array_element_type(type), position);
   if (is_pointer_type(type) || is_any_reference_type(type)) return true;
   pos_error(ec_restrict_not_allowed, position);
   return false;
@@ -757,8 +759,7 @@ void decl_spec_one_time_init() {
 }
 
 void decl_spec_trans_unit_init() {
-  enum_default_int_kind = !enum_types_can_be_larger_than_int ? ik_int
-                          : strict_ansi_mode && !long_long_is_standard
-                              ? ik_unsigned_long
-                              : ik_unsigned_long_long;
+  enum_default_int_kind = !enum_types_can_be_larger_than_int           ? ik_int
+                          : strict_ansi_mode && !long_long_is_standard ? ik_unsigned_long
+                                                                       : ik_unsigned_long_long;
 }

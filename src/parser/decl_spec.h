@@ -127,7 +127,7 @@ struct a_decl_parse_state {
   an_attribute *specifier_attributes;   // among the specifiers, for the declared entity
   an_attribute *declarator_attributes;  // behind the declarator, for the declared entity
   an_attribute *type_attributes;        // go to the type
-  unsigned qualifiers;                 // cv-qualifiers as written among the specifiers
+  unsigned qualifiers;                  // cv-qualifiers as written among the specifiers
   std::uint32_t pending_alignment;      // strongest alignas so far; 0: none
   std::uint32_t decl_modifiers;         // a_decl_modifier
 

@@ -28,9 +28,9 @@ namespace {
 // One enumerator list while it is scanned.
 struct an_enum_scan {
   a_type *type;
-  int depth;               // where the enumerators are declared
-  bool any_value;          // at least one good value was seen
-  a_constant value;        // of the enumerator just scanned
+  int depth;         // where the enumerators are declared
+  bool any_value;    // at least one good value was seen
+  a_constant value;  // of the enumerator just scanned
   a_constant minimum;
   a_constant maximum;
 };
@@ -64,8 +64,11 @@ void check_explicit_value(an_enum_scan &scan, const a_source_position *position)
     return;
   }
   a_constant &value = scan.value;
-  if (enum_types_can_be_larger_than_int || in_range_for_integer_kind(&value, nullptr, ik_int))
+  if (in_range_for_integer_kind(&value, nullptr, ik_int)) {
+    set_int_value(value, ik_int, static_cast<std::int64_t>(value.integer_value));
     return;
+  }
+  if (enum_types_can_be_larger_than_int) return;
   bool fits_bits = skip_typerefs(value.type)->size <= static_cast<a_targ_size_t>(targ_sizeof_int);
   if (strict_ansi_mode && strict_ansi_error_severity >= es_error) {
     pos_error(ec_enum_value_out_of_int_range, position);
@@ -226,7 +229,8 @@ void choose_enum_type(an_enum_scan &scan, const a_source_position *position) {
   if (kind == ik_int && enum_types_can_be_larger_than_int) kind = kind_at_least_int(scan, position);
   if (gcc_mode) {
     a_type *plain = integer_type(kind < ik_int ? ik_int : kind);
-    for (a_constant *c = type->enum_supplement->first_enumerator; c != nullptr; c = c->next_in_list) {
+    for (a_constant *c = type->enum_supplement->first_enumerator; c != nullptr;
+         c = c->next_in_list) {
       if (c->kind == ck_integer) c->type = plain;
     }
     an_integer_kind twin = unsigned_twin(kind);
@@ -313,7 +317,7 @@ a_type *enum_specifier(a_decl_parse_state *state, std::uint32_t) {
   tag.locator = &locator;
   tag.symbol_kind = syk_enum;
   tag.keyword_pos = pos_curr_token;
-  bool first_specifier = state->storage_class == dsc_none && state->qualifiers == 0;
+  bool first_specifier = state->storage_class == dsc_none && state->qualifier_pos.seq == 0;
   get_token();
   an_attribute *attributes = nullptr;
   if (curr_token == tok_attribute) attributes = scan_attributes(al_tag_keyword);

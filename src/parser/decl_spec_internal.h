@@ -15,12 +15,12 @@ enum a_base_kind : std::uint8_t {
   base_int,
   base_float,
   base_double,
-  base_named,     // a type name, typeof, or a keyword that stands for a whole type
+  base_named,  // a type name, typeof, or a keyword that stands for a whole type
   base_class,
   base_enum,
   base_typename,
-  base_auto,      // the placeholder of auto or __auto_type
-  base_unknown,   // a name that turned out not to be a type: constructor, conversion
+  base_auto,     // the placeholder of auto or __auto_type
+  base_unknown,  // a name that turned out not to be a type: constructor, conversion
   base_error,
   num_base_kinds
 };
@@ -37,18 +37,18 @@ enum a_complex_kind : std::uint8_t { cplx_none, cplx_complex, cplx_imaginary };
 // One sequence of specifiers while it is read.
 struct a_specifier_scan {
   a_decl_parse_state *state;
-  std::uint32_t flags;           // a_decl_specifiers_flag
-  a_decl_pos_block *positions;   // may be null
+  std::uint32_t flags;          // a_decl_specifiers_flag
+  a_decl_pos_block *positions;  // may be null
   a_base_kind base;
   a_sign_kind sign;
   a_length_kind length;
   a_complex_kind complex;
-  unsigned qualifiers;           // a_type_qualifier_set
-  a_type *named_type;            // of base_named, base_class, base_enum, base_auto
-  a_source_position type_pos;    // first type specifier
-  bool any_seen;                 // a specifier of any kind
+  unsigned qualifiers;         // a_type_qualifier_set
+  a_type *named_type;          // of base_named, base_class, base_enum, base_auto
+  a_source_position type_pos;  // first type specifier
+  bool any_seen;               // a specifier of any kind
   bool storage_class_seen;
-  bool done;                     // a handler ended the sequence
+  bool done;  // a handler ended the sequence
 };
 
 inline bool type_seen(const a_specifier_scan &scan) {
@@ -71,12 +71,12 @@ void finish_specified_type(a_specifier_scan &scan);
 
 // decl_spec_tags.cpp
 struct a_tag_scan {
-  a_symbol_locator *locator;     // cleared: no name
+  a_symbol_locator *locator;  // cleared: no name
   a_source_position keyword_pos;
-  std::uint8_t symbol_kind;      // syk_class, syk_union, syk_enum
+  std::uint8_t symbol_kind;  // syk_class, syk_union, syk_enum
   bool named;
-  bool is_definition;            // { follows
-  bool is_declaration;           // ; follows, and nothing but the tag stands before it
+  bool is_definition;   // { follows
+  bool is_declaration;  // ; follows, and nothing but the tag stands before it
 };
 // The symbol that the tag names here, or null when a new one is to be made.
 a_symbol *find_tag(a_tag_scan &tag);

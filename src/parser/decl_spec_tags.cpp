@@ -98,7 +98,7 @@ a_type *make_class_type(a_class_head &head) {
 // struct [attributes] [name]   with the token behind it current.
 void scan_class_head(a_class_head &head, a_symbol_locator *locator, bool first_specifier) {
   head.is_class_keyword = curr_token == tok_class;
-  head.type_kind = curr_token == tok_union  ? tk_union
+  head.type_kind = curr_token == tok_union   ? tk_union
                    : curr_token == tok_class ? tk_class
                                              : tk_struct;
   head.tag.symbol_kind = curr_token == tok_union ? syk_union : syk_class;
@@ -162,7 +162,7 @@ a_type *type_for_class_head(a_class_head &head, a_decl_parse_state *state) {
 a_type *class_specifier(a_decl_parse_state *state, std::uint32_t flags) {
   a_class_head head = {};
   a_symbol_locator locator;
-  bool first_specifier = state->storage_class == dsc_none && state->qualifiers == 0;
+  bool first_specifier = state->storage_class == dsc_none && state->qualifier_pos.seq == 0;
   scan_class_head(head, &locator, first_specifier);
   state->tag_declared = true;
   if (!head.tag.named && !head.tag.is_definition) {
@@ -180,6 +180,4 @@ a_type *class_specifier(a_decl_parse_state *state, std::uint32_t flags) {
 }
 
 // typedef struct { ... } name;   the nameless type takes the name for messages and linkage.
-void set_name_linkage_for_type(a_type *type) {
-  if (in_cplusplus()) type->decl_position = type->decl_position;
-}
+void set_name_linkage_for_type(a_type *type) { type->is_typedef_of_unnamed = true; }

@@ -395,8 +395,9 @@ a_type *qualify_specified_type(a_specifier_scan &scan, a_type *type) {
 
 void finish_specified_type(a_specifier_scan &scan) {
   a_decl_parse_state *state = scan.state;
+  state->qualifiers = scan.qualifiers;
   if ((scan.flags & dsf_type_ok) == 0 && (scan.flags & dsf_qualifiers_only) != 0) {
-    state->type = f_make_qualified_type(void_type(), scan.qualifiers);
+    state->type = void_type();
     return;
   }
   state->type_specified = type_seen(scan) && scan.base != base_unknown;

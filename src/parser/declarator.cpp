@@ -2,11 +2,11 @@
 //
 //     int *(*f[3])(void)
 //
-// is read as the level "* ( ... ) (void)" with the inner level "* f [3]". Each level yields its parts
-// in the order in which they apply to the type of the specifiers: its pointers from left to right,
-// its suffixes from right to left, then the inner level's. Here: pointer, function, pointer, array,
-// that is, an array of pointers to functions that return pointers to int. A part is checked when it
-// is applied, on a type that is complete by then.
+// is read as the level "* ( ... ) (void)" with the inner level "* f [3]". Each level yields its
+// parts in the order in which they apply to the type of the specifiers: its pointers from left to
+// right, its suffixes from right to left, then the inner level's. Here: pointer, function, pointer,
+// array, that is, an array of pointers to functions that return pointers to int. A part is checked
+// when it is applied, on a type that is complete by then.
 #include "parser/declarator.h"
 
 #include "DIAG/error.h"
@@ -53,7 +53,9 @@ void append_list(a_part_list &list, a_part_list &behind) {
   list.tail = behind.tail;
 }
 
-bool at_gnu_attribute() { return curr_token == tok_attribute || curr_token == tok_declspec; }
+bool at_gnu_attribute() {
+  return curr_token == tok_attribute || curr_token == tok_declspec;
+}
 
 }  // namespace
 
@@ -221,8 +223,7 @@ a_type *apply_pointer(a_declarator_scan &scan, a_declarator_part *part, a_type *
       !restrict_qualifier_is_allowed(pointer, &scan.state->restrict_pos))
     qualifiers &= ~unsigned{tq_restrict};
   if (qualifiers != 0) pointer = f_make_qualified_type(pointer, qualifiers);
-  if (part->attributes != nullptr)
-    attach_type_attributes(&pointer, part->attributes, scan.state);
+  if (part->attributes != nullptr) attach_type_attributes(&pointer, part->attributes, scan.state);
   return pointer;
 }
 
@@ -304,8 +305,7 @@ a_type *apply_parts(a_declarator_scan &scan, a_part_list &parts, a_type *type) {
 
 }  // namespace
 
-bool check_return_type(a_type *type, a_decl_parse_state *state,
-                       const a_source_position *position) {
+bool check_return_type(a_type *type, a_decl_parse_state *state, const a_source_position *position) {
   if (is_function_type(type)) {
     pos_error(ec_function_returning_function, position);
     return false;
@@ -349,4 +349,6 @@ void declarator(std::uint64_t flags, a_decl_parse_state *state, a_type *, a_symb
   state->declared_type = type;
 }
 
-void declarator_trans_unit_init() { free_declarator_parts = nullptr; }
+void declarator_trans_unit_init() {
+  free_declarator_parts = nullptr;
+}

@@ -1,10 +1,10 @@
 // Declarators: what stands around a declared name. "* const (*name[3])(int)" is read from the name
 // outwards and turned into a type built on the type of the specifiers.
 //
-// The parts of a declarator (pointers, arrays, functions) are kept in the order in which they apply to
-// the type of the specifiers, and turned into types when the whole is read, so that pointer types are
-// shared. Function declarators open a prototype scope for their parameters and leave in an
-// a_func_info_block what a definition needs.
+// The parts of a declarator (pointers, arrays, functions) are kept in the order in which they apply
+// to the type of the specifiers, and turned into types when the whole is read, so that pointer
+// types are shared. Function declarators open a prototype scope for their parameters and leave in
+// an a_func_info_block what a definition needs.
 #ifndef PARSER_DECLARATOR_H
 #define PARSER_DECLARATOR_H
 

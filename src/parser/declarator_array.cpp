@@ -1,8 +1,8 @@
 // Array suffixes of declarators: constant bounds, open bounds, and the forms of parameters.
 //
 // The bound of a parameter's outermost array says nothing to the type, which becomes a pointer with
-// the qualifiers from inside the brackets; any bound expression is accepted there. Other bounds that
-// are not constant make a variable-length array, which is not built yet and says so.
+// the qualifiers from inside the brackets; any bound expression is accepted there. Other bounds
+// that are not constant make a variable-length array, which is not built yet and says so.
 #include "DIAG/error.h"
 #include "driver/switches.h"
 #include "il/il.h"
@@ -114,8 +114,10 @@ void scan_bound(a_declarator_scan &scan, bool is_outermost, a_type **array) {
     an_expr_node *node = nullptr;
     scan_nonconstant_dimension_expression(0, &node, &bound);
     if (node != nullptr && bound.kind == ck_error) {
-      if (node->kind != enk_error) report_vla(scan, &position, array);
-      else *array = error_type();
+      if (node->kind != enk_error)
+        report_vla(scan, &position, array);
+      else
+        *array = error_type();
       return;
     }
   } else {

@@ -4,16 +4,16 @@
 //     f(a, b)         K&R identifier list: only before a function body
 //     f(int a, ...)   prototype: a scope of its own, whose names a definition enters again
 //
-// The prototype of the declared name itself leaves its parameters in the a_func_info_block; those of
-// other function types (of pointers to functions, of parameters) only form their type.
+// The prototype of the declared name itself leaves its parameters in the a_func_info_block; those
+// of other function types (of pointers to functions, of parameters) only form their type.
 #include "DIAG/error.h"
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
 #include "il/il.h"
 #include "parser/attribute.h"
 #include "parser/decl_spec.h"
-#include "parser/decls.h"
 #include "parser/declarator_internal.h"
+#include "parser/decls.h"
 #include "parser/def_arg.h"
 #include "parser/disambig.h"
 #include "semantics/lookup.h"
@@ -33,7 +33,8 @@ void add_to_param_id_list(const a_symbol_locator *locator, a_func_info_block *in
   id->header = locator->header;
   id->position = locator->position;
   a_param_id **link = &info->param_id_list;
-  while (*link != nullptr) link = &(*link)->next;
+  while (*link != nullptr)
+    link = &(*link)->next;
   *link = id;
 }
 
@@ -43,7 +44,9 @@ a_param_id *param_id_on_list(const a_symbol_locator *locator, const a_func_info_
   return nullptr;
 }
 
-void free_param_id_list(a_func_info_block *info) { info->param_id_list = nullptr; }
+void free_param_id_list(a_func_info_block *info) {
+  info->param_id_list = nullptr;
+}
 
 void adjust_parameter_type(a_type **type) {
   if (is_array_type(*type)) {
@@ -57,8 +60,7 @@ void adjust_parameter_type(a_type **type) {
   }
 }
 
-bool check_and_adjust_parameter_type(a_decl_parse_state *state,
-                                     const a_source_position *position) {
+bool check_and_adjust_parameter_type(a_decl_parse_state *state, const a_source_position *position) {
   a_type *type = state->declared_type;
   if (is_error_type(type)) return false;
   if (is_void_type(type)) {
@@ -133,8 +135,9 @@ void check_void_parameter_list(const a_decl_parse_state &state) {
 }
 
 void check_prototype_has_type(const a_decl_parse_state &state) {
-  if (!state.no_specifiers) return;
-  report_missing_type_specifier(&state.specifiers_pos, state.type, false, true, false, false);
+  if (state.type_specified || state.has_error) return;
+  report_missing_type_specifier(&state.specifiers_pos, state.type, false, state.no_specifiers,
+                                false, false);
 }
 
 void enter_prototype_parameter(a_param_decl *decl, a_symbol_locator *locator) {
@@ -237,6 +240,11 @@ void scan_prototype(a_prototype_scan &scan) {
   for (;;) {
     if (curr_token == tok_ellipsis) {
       scan_ellipsis(scan);
+      break;
+    }
+    if (!is_decl_start(dst_parameter) && curr_token != tok_identifier) {
+      error_position = pos_curr_token;
+      syntax_error(ec_exp_type_specifier);
       break;
     }
     if (!scan_parameter(scan)) break;

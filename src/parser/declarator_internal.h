@@ -8,11 +8,11 @@ enum a_declarator_part_kind : std::uint8_t { dpk_pointer, dpk_array, dpk_functio
 
 // One pointer, array or function of a declarator; parts come from a free list.
 struct a_declarator_part {
-  a_declarator_part *next;      // applied after this one: nearer to the name
+  a_declarator_part *next;  // applied after this one: nearer to the name
   a_declarator_part_kind kind;
-  unsigned qualifiers;          // of a pointer; of an array: those inside [ ]
-  a_type *type;                 // array or function: made with its inner slot empty
-  an_attribute *attributes;     // behind * or behind )
+  unsigned qualifiers;       // of a pointer; of an array: those inside [ ]
+  a_type *type;              // array or function: made with its inner slot empty
+  an_attribute *attributes;  // behind * or behind )
   a_source_position position;
 };
 
@@ -23,14 +23,14 @@ struct a_part_list {
 
 // One declarator while it is read.
 struct a_declarator_scan {
-  std::uint64_t flags;          // a_declarator_flag
+  std::uint64_t flags;  // a_declarator_flag
   a_decl_parse_state *state;
   a_symbol_locator *locator;
-  a_func_info_block *func_info; // may be null
-  a_decl_pos_block *positions;  // may be null
+  a_func_info_block *func_info;  // may be null
+  a_decl_pos_block *positions;   // may be null
   bool name_seen;
   bool error;
-  int depth;                    // of nested parentheses
+  int depth;  // of nested parentheses
 };
 
 a_declarator_part *alloc_declarator_part(a_declarator_part_kind kind);

@@ -42,7 +42,9 @@ a_type *scan_type_for_cast() {
   return type;
 }
 
-a_type *scan_type_for_sizeof() { return scan_type_for_cast(); }
+a_type *scan_type_for_sizeof() {
+  return scan_type_for_cast();
+}
 
 a_type *simple_type_specifier_sequence() {
   a_decl_parse_state state;

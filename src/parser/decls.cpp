@@ -1,5 +1,5 @@
-// One declaration from its first token to its ";": the specifiers, the list of declarators, and what
-// each of them declares; and the translation unit, which is a list of them.
+// One declaration from its first token to its ";": the specifiers, the list of declarators, and
+// what each of them declares; and the translation unit, which is a list of them.
 //
 // A declarator is declared before its initializer is read, so that "int x = sizeof x" finds it. A
 // function type leads to a routine, also through a typedef; typedef and all other types are told by
@@ -104,11 +104,10 @@ namespace {
 // ---- Parts of a declaration --------------------------------------------------------------------
 
 // What decl_specifiers may read at this place.
-std::uint32_t specifier_flags(const a_decl_parse_state *state, bool in_for_init) {
-  std::uint32_t flags = dsf_storage_class_ok | dsf_type_ok | dsf_inline_ok | dsf_type_optional |
-                        dsf_definition_first;
+std::uint32_t specifier_flags(bool in_for_init) {
+  std::uint32_t flags =
+      dsf_storage_class_ok | dsf_type_ok | dsf_inline_ok | dsf_type_optional | dsf_definition_first;
   if (in_for_init) flags |= dsf_for_init;
-  (void)state;
   return flags;
 }
 
@@ -127,7 +126,8 @@ bool at_attribute() {
 void scan_gnu_asm_name(a_decl_parse_state *state) {
   if (curr_token != tok_asm && curr_token != tok_asm_gnu) return;
   state->asm_name_pos = pos_curr_token;
-  if (strict_ansi_mode && curr_token == tok_asm) pos_warning(ec_asm_name_is_gnu_extension, &pos_curr_token);
+  if (strict_ansi_mode && curr_token == tok_asm)
+    pos_warning(ec_asm_name_is_gnu_extension, &pos_curr_token);
   get_token();
   if (!required_token(tok_lparen, ec_exp_lparen)) return;
   if (curr_token == tok_string_literal) {
@@ -229,11 +229,7 @@ void scan_variable_initializer(a_decl_parse_state *state, bool had_declaration) 
 void declare_object(a_symbol_locator *locator, a_decl_parse_state *state) {
   bool has_initializer = curr_token == tok_assign;
   state->has_body_or_init = has_initializer;
-  if (!state->inline_seen) {
-    // fine
-  } else if (!state->has_error) {
-    pos_error(ec_inline_not_allowed, &state->inline_pos);
-  }
+  if (state->inline_seen && !state->has_error) pos_error(ec_inline_not_allowed, &state->inline_pos);
   a_symbol *symbol = decl_variable(locator, state, has_initializer);
   attach_decl_attributes(state, false);
   if (has_initializer)
@@ -303,8 +299,9 @@ bool scan_declarator_list(a_decl_parse_state *state) {
     declarator(flags, state, nullptr, &locator, &func_info, nullptr);
     scan_behind_declarator(state);
     was_definition = declare_declarator(&locator, state, &func_info);
+    if (was_definition) break;
     run_end_of_parse_actions(state, true);
-    if (was_definition || !loop_token(tok_comma)) break;
+    if (!loop_token(tok_comma)) break;
     start_secondary_declarator(state);
     if (at_attribute()) {
       an_attribute *list = scan_attributes(al_declarator);
@@ -327,7 +324,9 @@ void check_declaration_without_declarator(a_decl_parse_state *state) {
                    ec_missing_typedef_name, position);
     return;
   }
-  if (!state->tag_declared || (!state->tag_defined && (state->type->symbol == nullptr || is_unnamed_tag_symbol(state->type->symbol)))) {
+  if (!state->tag_declared ||
+      (!state->tag_defined &&
+       (state->type->symbol == nullptr || is_unnamed_tag_symbol(state->type->symbol)))) {
     pos_diagnostic(strict_ansi_mode ? strict_ansi_error_severity : es_warning, ec_useless_decl,
                    position);
     return;
@@ -401,7 +400,7 @@ bool scan_special_declaration() {
 void scan_simple_declaration(a_decl_parse_state *state, bool in_for_init) {
   state->is_file_scope_declaration = declaring_at_file_scope();
   if (at_attribute()) state->prefix_attributes = scan_attributes(al_decl_start);
-  decl_specifiers(specifier_flags(state, in_for_init), state, nullptr);
+  decl_specifiers(specifier_flags(in_for_init), state, nullptr);
   if (curr_token == tok_semicolon) {
     check_declaration_without_declarator(state);
     run_end_of_parse_actions(state, false);
@@ -430,7 +429,8 @@ bool select_declaration_pragmas() {
 void scan_nonmember_declaration(a_decl_parse_state *state, a_source_range *range) {
   a_source_position start = pos_curr_token;
   bool has_pragmas = select_declaration_pragmas();
-  while (curr_token == tok_extension) get_token();
+  while (curr_token == tok_extension)
+    get_token();
   add_stop_token(tok_semicolon);
   if (!scan_special_declaration()) {
     if (!is_decl_start(dst_statement) && !can_start_declarator())
@@ -454,7 +454,8 @@ void declaration(bool in_for_init) {
     return;
   }
   add_stop_token(tok_semicolon);
-  while (curr_token == tok_extension) get_token();
+  while (curr_token == tok_extension)
+    get_token();
   scan_simple_declaration(&state, true);
   remove_stop_token(tok_semicolon);
 }

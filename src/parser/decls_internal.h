@@ -9,12 +9,11 @@ bool declaring_at_file_scope();
 
 // What a declared name has to do with earlier declarations of it.
 struct a_prior_declaration {
-  a_symbol *in_scope;   // declared in the scope of the declaration itself
-  a_symbol *visible;    // with linkage, seen from a block-scope extern; null: none
-  a_symbol *external;   // kept for all block-scope externs of the name; null: none
+  a_symbol *in_scope;  // declared in the scope of the declaration itself
+  a_symbol *visible;   // with linkage, seen from a block-scope extern; null: none
+  a_symbol *external;  // kept for all block-scope externs of the name; null: none
 };
-a_prior_declaration find_prior_declaration(a_symbol_locator *locator, bool is_routine,
-                                           bool is_block_extern);
+a_prior_declaration find_prior_declaration(a_symbol_locator *locator, bool is_block_extern);
 
 // The name is taken in this scope by something else; reports.
 void report_name_conflict(a_symbol_locator *locator, a_symbol *previous, a_decl_parse_state *state);

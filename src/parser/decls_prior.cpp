@@ -2,10 +2,10 @@
 // together.
 //
 // Three symbols can matter. The one in the scope of the declaration itself: a redeclaration. For an
-// extern inside a block: the declaration with linkage that is visible there. And the external symbol
-// that the table keeps for all block-scope externs of the name: it holds the composite type also
-// when none of those blocks is open any more, so that two functions cannot disagree about "extern
-// int x".
+// extern inside a block: the declaration with linkage that is visible there. And the external
+// symbol that the table keeps for all block-scope externs of the name: it holds the composite type
+// also when none of those blocks is open any more, so that two functions cannot disagree about
+// "extern int x".
 #include "DIAG/error.h"
 #include "driver/switches.h"
 #include "parser/decl_spec.h"
@@ -31,8 +31,7 @@ bool has_linkage(const a_symbol *symbol) {
 
 }  // namespace
 
-a_prior_declaration find_prior_declaration(a_symbol_locator *locator, bool is_routine,
-                                           bool is_block_extern) {
+a_prior_declaration find_prior_declaration(a_symbol_locator *locator, bool is_block_extern) {
   a_prior_declaration prior = {};
   a_symbol_locator copy = fresh_locator(locator);
   prior.in_scope = curr_scope_id_lookup(&copy, lookup_in_declarator);
@@ -41,7 +40,6 @@ a_prior_declaration find_prior_declaration(a_symbol_locator *locator, bool is_ro
     a_symbol *visible = normal_id_lookup(&copy, lookup_in_declarator);
     if (visible != nullptr && has_linkage(visible)) prior.visible = visible;
   }
-  (void)is_routine;
   prior.external = find_external_symbol(locator->header);
   return prior;
 }

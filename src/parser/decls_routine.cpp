@@ -4,8 +4,8 @@
 // theirs. A definition leads: its own parameter list, with what earlier prototypes knew about it.
 #include "DIAG/error.h"
 #include "driver/switches.h"
-#include "il/il_entity.h"
 #include "il/il.h"
+#include "il/il_entity.h"
 #include "parser/decl_spec.h"
 #include "parser/declarator.h"
 #include "parser/decls_internal.h"
@@ -61,10 +61,8 @@ void merge_storage_class(a_routine_decl &decl, a_routine *routine, a_symbol *pre
 // What the inline rules of C need to know of all declarations of a function.
 void merge_inline(a_routine_decl &decl, a_routine *routine) {
   a_decl_parse_state *state = decl.state;
-  if (state->inline_seen)
-    routine->is_inline = true;
-  if (!state->inline_seen || state->storage_class == dsc_extern)
-    routine->extern_inline_seen = true;
+  if (state->inline_seen) routine->is_inline = true;
+  if (!state->inline_seen || state->storage_class == dsc_extern) routine->extern_inline_seen = true;
 }
 
 void apply_asm_name(a_routine_decl &decl, a_routine *routine) {
@@ -196,7 +194,7 @@ a_symbol *decl_routine(a_symbol_locator *locator, a_decl_parse_state *state,
   decl.position = locator->position;
   decl.is_definition = is_definition;
   decl.at_file_scope = declaring_at_file_scope();
-  decl.prior = find_prior_declaration(locator, true, !decl.at_file_scope);
+  decl.prior = find_prior_declaration(locator, !decl.at_file_scope);
   a_symbol *symbol = nullptr;
   if (decl.prior.in_scope != nullptr)
     symbol = declare_again(decl);
@@ -244,7 +242,8 @@ void check_main_parameters(a_type *type, const a_source_position *position) {
     pos_remark(ec_main_wrong_num_params, position);
   }
   if (second == nullptr) return;
-  a_type *wanted = make_pointer_type_full(make_pointer_type_full(integer_type(plain_char_int_kind)));
+  a_type *wanted =
+      make_pointer_type_full(make_pointer_type_full(integer_type(plain_char_int_kind)));
   if (!f_identical_types(second->type, wanted, 0))
     pos_remark(ec_main_second_param_wrong_type, position);
 }

@@ -1,15 +1,16 @@
 // Variables: tentative and other definitions, extern declarations, locals.
 //
 // The storage class of the IL tells what a variable is: sc_none a definition with external linkage
-// (in C a tentative one until an initializer comes), sc_extern a declaration only, sc_static internal
-// linkage or a local of static duration. Every declaration with linkage finds the one a_variable of
-// its name, which lives at file scope also when the first declaration stands in a block.
+// (in C a tentative one until an initializer comes), sc_extern a declaration only, sc_static
+// internal linkage or a local of static duration. Every declaration with linkage finds the one
+// a_variable of its name, which lives at file scope also when the first declaration stands in a
+// block.
 #include <cstring>
 
 #include "DIAG/error.h"
 #include "driver/switches.h"
-#include "il/il_entity.h"
 #include "il/il.h"
+#include "il/il_entity.h"
 #include "parser/decl_spec.h"
 #include "parser/decls_internal.h"
 #include "parser/extasm.h"
@@ -36,7 +37,7 @@ struct a_variable_decl {
   a_decl_parse_state *state;
   a_type *type;
   a_source_position position;
-  bool is_definition;      // it has an initializer
+  bool is_definition;  // it has an initializer
   bool at_file_scope;
   a_prior_declaration prior;
 };
@@ -63,7 +64,8 @@ void merge_storage_class(a_variable_decl &decl, a_variable *variable, a_symbol *
   if (was_internal && decl.state->storage_class == dsc_extern) return;
   if (was_internal != is_internal) {
     report_linkage_conflict(&decl.position, previous);
-    if (decl.is_definition && variable->storage_class == sc_extern) variable->storage_class = sc_none;
+    if (decl.is_definition && variable->storage_class == sc_extern)
+      variable->storage_class = sc_none;
     return;
   }
   if (variable->storage_class == sc_extern && now == sc_none) variable->storage_class = sc_none;
@@ -183,7 +185,8 @@ a_symbol *make_error_variable(a_variable_decl &decl) {
   return symbol;
 }
 
-// register int x asm("r4");   ties a variable to a register; elsewhere the name is the external one.
+// register int x asm("r4");   ties a variable to a register; elsewhere the name is the external
+// one.
 void apply_asm_name(a_variable_decl &decl, a_variable *variable) {
   a_decl_parse_state *state = decl.state;
   if (state->asm_name == nullptr) return;
@@ -192,7 +195,8 @@ void apply_asm_name(a_variable_decl &decl, a_variable *variable) {
     if (name_to_register(state->asm_name) == invalid_register)
       pos_st_error(ec_bad_reg_name, &state->asm_name_pos, state->asm_name);
     else
-      pos_st_error(ec_not_supported, &state->asm_name_pos, "a register variable tied to a register is");
+      pos_st_error(ec_not_supported, &state->asm_name_pos,
+                   "a register variable tied to a register is");
     return;
   }
   if (variable->asm_name != nullptr && std::strcmp(variable->asm_name, state->asm_name) != 0) {
@@ -239,7 +243,7 @@ a_symbol *decl_variable(a_symbol_locator *locator, a_decl_parse_state *state, bo
   decl.type = state->declared_type;
   check_variable_type(decl);
   bool is_block_extern = !decl.at_file_scope && state->storage_class == dsc_extern;
-  decl.prior = find_prior_declaration(locator, false, is_block_extern);
+  decl.prior = find_prior_declaration(locator, is_block_extern);
   a_symbol *symbol = nullptr;
   if (decl.prior.in_scope != nullptr)
     symbol = declare_again(decl);

@@ -1,7 +1,7 @@
 // Declaration or expression. In C the first token settles every such question, since a declaration
 // begins with a keyword or with a name that is a typedef name at this place; only the tokens of
-// __extension__ have to be looked through. The dry run over ambiguous C++ declarations is not built:
-// C++ asks for it in the one case of a type name that is followed by a parenthesis.
+// __extension__ have to be looked through. The dry run over ambiguous C++ declarations is not
+// built: C++ asks for it in the one case of a type name that is followed by a parenthesis.
 #include "parser/disambig.h"
 
 #include "driver/switches.h"
@@ -13,9 +13,9 @@ namespace {
 
 enum a_specifier_class : std::uint8_t {
   spc_none,
-  spc_type,          // begins a type specifier or is a qualifier: starts a type-id too
-  spc_declaration,   // storage classes and function specifiers
-  spc_attribute,     // attributes, alignas
+  spc_type,         // begins a type specifier or is a qualifier: starts a type-id too
+  spc_declaration,  // storage classes and function specifiers
+  spc_attribute,    // attributes, alignas
 };
 
 // What a keyword token begins. Names are not here: they need a lookup.

@@ -1,0 +1,17 @@
+// options: --c89
+int f(a, b)
+  int a, c;
+  //     ^
+  // expect: error #100 a declaration here must declare a parameter
+  int a;
+  //  ^
+  // expect: error #102 "a" has already been declared
+{
+  return a + b;
+}
+int g(x) int x = 1;
+//             ^
+// expect: error #79 a parameter declaration may not have an initializer
+{
+  return x;
+}
