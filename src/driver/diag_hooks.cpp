@@ -183,7 +183,7 @@ void find_signal_place(a_signal_place *place) {
   }
   if (depth_innermost_function_scope < 0 || !plausible(scope_stack.chunks)) return;
   const a_routine *routine = scope_stack[depth_innermost_function_scope].assoc_routine;
-  if (plausible(routine) && plausible(routine.name)) {
-    place->function = routine.name;
+  if (plausible(routine) && plausible(routine->name)) {
+    place->function = routine->name;
   }
 }
