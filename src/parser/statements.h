@@ -15,7 +15,6 @@
 #include "il/il_fwd.h"
 #include "il/src_seq.h"
 
-
 struct a_control_flow_descr;
 struct a_label_jump;
 
