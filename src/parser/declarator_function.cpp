@@ -274,6 +274,7 @@ void scan_prototype_in_scope(a_prototype_scan &scan, a_func_info_block *info) {
   if (info != nullptr) {
     info->param_scope_number = scope_stack[depth_scope_stack].scope_number;
     info->prototype_scope = scope_stack[depth_scope_stack].il_scope;
+    info->prototype_scope_symbols = top_scope().pointers->first_symbol;
     info->prototype_scope_symbols = scope_stack[depth_scope_stack].pointers->first_symbol;
   }
   pop_scope();

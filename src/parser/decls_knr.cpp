@@ -91,7 +91,9 @@ void set_promoted_types(a_func_info_block *func_info, a_type *routine_type) {
     id->promoted_type = is_error_type(id->type)
                             ? id->type
                             : default_argument_promotion(make_unqualified_type(id->type));
-    if (routine_type == nullptr || routine_type->routine_supplement->prototyped) continue;
+    if (routine_type == nullptr || routine_type->kind != tk_routine ||
+        routine_type->routine_supplement->prototyped)
+      continue;
     a_param_type *param = alloc_param_type(id->promoted_type);
     param->declared_type = id->type;
     param->name = id->header->name;
