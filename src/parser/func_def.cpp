@@ -36,7 +36,7 @@ a_variable *make_parameter(a_symbol_header *header, a_type *type, std::uint8_t s
   variable->is_parameter = true;
   variable->decl_position = *position;
   if (is_incomplete_type(type) && !is_error_type(type)) {
-    pos_ty_error(ec_incomplete_type_not_allowed, position, type);
+    pos_error(ec_incomplete_type_not_allowed, position);
     variable->type = error_type();
   }
   if (header != nullptr) {

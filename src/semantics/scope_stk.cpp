@@ -272,7 +272,7 @@ void pop_scope_full(unsigned flags) {
   take_names_out_of_sight(entry);
   if ((flags & pf_checks) != 0) wrapup_scope(entry.il_scope, entry.kind, entry.pointers);
   if (entry.kind == sck_function) {
-    if (entry.function_shareable_constants != nullptr) empty_func_shareable_constants_table();
+    if (entry.function_shareable_constants != nullptr) empty_func_shareable_constants_table(&entry);
     routine_defined(entry.assoc_routine);
   }
   if (entry.il_scope != nullptr) entry.il_scope->stack_depth = -1;
