@@ -10,9 +10,9 @@
 #include "semantics/const_ints.h"
 #include "semantics/types.h"
 
-a_stdc_pragma_state curr_fp_contract_state;
-a_stdc_pragma_state curr_fenv_access_state;
-a_stdc_pragma_state curr_cx_limited_range_state;
+std::uint8_t curr_fp_contract_state;
+std::uint8_t curr_fenv_access_state;
+std::uint8_t curr_cx_limited_range_state;
 
 // ---- Nodes -------------------------------------------------------------------------------------
 
@@ -26,7 +26,7 @@ an_expr_node *error_node() {
 std::uint8_t compute_op_kind_info(const a_type *type) {
   if (type == nullptr) return tk_error;
   type = skip_typerefs(type);
-  return is_class_kind(type->kind) ? static_cast<std::uint8_t>(tk_class) : type->kind;
+  return is_class_kind(type->kind) ? tk_class : type->kind;
 }
 
 void set_node_operator(an_expr_node *node, an_expr_operator_kind op, a_type *type, bool is_lvalue,
@@ -193,11 +193,55 @@ a_dynamic_init *make_expression_dynamic_init(an_expr_node *expr) {
 
 // ---- Statements --------------------------------------------------------------------------------
 
+namespace {
+
+// Its direct substatements name the statement as their parent again.
+void adopt_substatements(a_statement *parent) {
+  const auto adopt = [parent](a_statement *list) {
+    for (; list != nullptr; list = list->next)
+      list->parent = parent;
+  };
+  switch (parent->kind) {
+    case stmk_if:
+      adopt(parent->then_stmt);
+      adopt(parent->else_stmt);
+      break;
+    case stmk_block:
+      adopt(parent->first_statement);
+      break;
+    case stmk_for:
+      adopt(parent->for_supplement->init_statement);
+      adopt(parent->body);
+      break;
+    case stmk_while:
+    case stmk_do:
+    case stmk_range_for:
+    case stmk_switch:
+    case stmk_case:
+      adopt(parent->body);
+      break;
+    case stmk_try:
+      adopt(parent->try_supplement->statement);
+      for (a_handler *h = parent->try_supplement->handlers; h != nullptr; h = h->next)
+        adopt(h->statement);
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace
+
 void change_statement_into_block(a_statement *statement) {
   a_statement *child = alloc_statement(stmk_null);
   *child = *statement;
   child->next = nullptr;
   child->parent = statement;
+  adopt_substatements(child);
+  if (child->kind == stmk_label && child->label->statement == statement)
+    child->label->statement = child;
+  if (child->kind == stmk_case && child->switch_case_entry != nullptr)
+    child->switch_case_entry->statement = child;
   statement->expr = nullptr;
   statement->attributes = nullptr;
   statement->has_associated_pragma = false;

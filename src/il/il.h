@@ -12,9 +12,10 @@
 
 // ---- State: per translation unit ---------------------------------------------------------------
 
-extern a_stdc_pragma_state curr_fp_contract_state;
-extern a_stdc_pragma_state curr_fenv_access_state;
-extern a_stdc_pragma_state curr_cx_limited_range_state;
+// a_stdc_pragma_state
+extern std::uint8_t curr_fp_contract_state;
+extern std::uint8_t curr_fenv_access_state;
+extern std::uint8_t curr_cx_limited_range_state;
 
 // ---- Nodes -------------------------------------------------------------------------------------
 
