@@ -153,19 +153,11 @@ void push_block_scope_with_lifetime(an_object_lifetime *lifetime);
 // A block again, with the symbols that *pointers kept.
 void push_block_reactivation_scope(a_scope *scope, a_scope_pointers_block *pointers);
 void push_for_init_scope(a_scope_pointers_block *pointers);
-void push_namespace_scope(a_scope_kind kind, a_namespace *namespace_ptr);
-void f_push_namespace_extension_scope(a_namespace *namespace_ptr);
-void f_push_namespace_reactivation_scope(a_namespace *namespace_ptr);
-void push_class_reactivation_scope(a_type *class_type, int depth);
 void push_new_top_level_declaration();
 
 void pop_scope();
 // With keep_symbols the symbols stay on the list of the pointers block, to be entered again.
 void pop_block_scope(bool keep_symbols);
-void pop_namespace_scope();
-void pop_namespace_extension_scope();
-void pop_namespace_reactivation_scope();
-void pop_class_reactivation_scope();
 // Leaves without the checks and remarks at the end of a scope: what was declared is dropped.
 void abandon_scope();
 
@@ -202,10 +194,6 @@ void pop_name_linkage();
 // Opens a lifetime of a kind inside the current one.
 an_object_lifetime *push_object_lifetime(std::uint8_t kind);
 void pop_object_lifetime();
-
-// ---- Using directives --------------------------------------------------------------------------
-
-void add_active_using_directive(a_using_decl *directive, int depth);
 
 // ---- Life cycle --------------------------------------------------------------------------------
 

@@ -1,5 +1,6 @@
 // The end of a scope: what was declared there and never defined, used or set; and the end of a
 // function's definition.
+// Also here: what a unit must keep, the start of the walk over everything that is needed.
 //
 // The remarks on unused entities come at the severity "remark", so only a run that asks for remarks
 // sees them; what cannot be linked is reported in every run.
@@ -9,6 +10,7 @@
 #include "il/il_alloc.h"
 #include "il/il_entity.h"
 #include "il/il_kinds.h"
+#include "il/il_walk.h"
 #include "il/src_seq.h"
 #include "semantics/scope_stk.h"
 #include "semantics/symbol_tbl.h"
@@ -113,4 +115,76 @@ void wrapup_scope(a_scope *, a_scope_kind kind, a_scope_pointers_block *pointers
 
 void routine_defined(a_routine *routine) {
   routine->defined = true;
+}
+
+// Namespaces that were closed and may have been opened again are checked when the unit ends.
+void wrapup_namespace_scopes() {
+  for (a_namespace *name_space = il_header.primary_scope->namespaces; name_space != nullptr;
+       name_space = name_space->next) {
+    if (name_space->is_alias || name_space->scope == nullptr) continue;
+    a_scope_pointers_block *pointers = get_pointers_block_for_scope(name_space->scope);
+    if (pointers != nullptr) wrapup_scope(name_space->scope, sck_namespace, pointers);
+  }
+}
+
+// ---- What is needed ----------------------------------------------------------------------------
+
+namespace {
+
+bool has_external_linkage(const a_source_correspondence *entity, a_storage_class storage_class) {
+  return storage_class != sc_static && entity->name_linkage != nlk_internal;
+}
+
+bool is_asked_for_from_outside(const a_routine *routine) {
+  return routine->marked_as_used || routine->never_removed || routine->is_retained ||
+         routine->is_interrupt || routine->is_constructor_function ||
+         routine->alias_target != nullptr;
+}
+
+// An inline routine of C with external linkage is emitted if a declaration of it lacks "inline" or
+// says "extern"; with gnu_inline such a declaration says that the body is elsewhere.
+bool inline_definition_is_external(const a_routine *routine) {
+  return !in_cplusplus() && routine->extern_inline_seen && !routine->gnu_inline;
+}
+
+bool routine_is_needed(const a_routine *routine) {
+  if (routine->alias_target != nullptr) return true;
+  if (!routine->defined) return false;
+  if (!remove_unneeded_entities || is_asked_for_from_outside(routine)) return true;
+  if (!has_external_linkage(routine, routine->storage_class))
+    return keep_unneeded_statics && !routine->is_inline;
+  if (routine->is_template_instance || routine->is_compiler_generated) return false;
+  return !routine->is_inline || inline_definition_is_external(routine);
+}
+
+bool variable_is_needed(const a_variable *variable) {
+  if (variable->alias_target != nullptr) return true;
+  bool is_definition = variable->defined || variable->is_tentative;
+  if (!is_definition) return false;
+  if (!remove_unneeded_entities || variable->marked_as_used || variable->never_removed) return true;
+  if (variable->init_kind == init_dynamic) return true;
+  if (variable->is_template_instance || variable->is_compiler_generated) return false;
+  return keep_unneeded_statics || has_external_linkage(variable, variable->storage_class);
+}
+
+}  // namespace
+
+void set_needed_flags_at_end_of_file_scope(a_scope *file_scope) {
+  end_of_file_scope_needed_flags_phase = true;
+  for (a_routine *routine = file_scope->routines; routine != nullptr; routine = routine->next) {
+    if (!routine_is_needed(routine)) continue;
+    mark_as_needed(routine, iek_routine);
+    if (routine->defined) set_routine_definition_needed(routine);
+    if (routine->alias_target != nullptr) mark_as_needed(routine->alias_target, iek_routine);
+  }
+  for (a_variable *variable = file_scope->variables; variable != nullptr;
+       variable = variable->next) {
+    if (!variable_is_needed(variable)) continue;
+    mark_as_needed(variable, iek_variable);
+    if (variable->alias_target != nullptr) mark_as_needed(variable->alias_target, iek_variable);
+  }
+  if (!remove_unneeded_entities || keep_unneeded_types)
+    for (a_type *type = file_scope->types; type != nullptr; type = type->next)
+      mark_as_needed(type, iek_type);
+  end_of_file_scope_needed_flags_phase = false;
 }
