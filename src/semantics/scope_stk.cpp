@@ -18,6 +18,7 @@
 #include "il/il_stmt.h"
 #include "il/il_type.h"
 #include "il/src_seq.h"
+#include "lower/lower_il.h"
 #include "semantics/symbol_tbl.h"
 
 a_scope_stack scope_stack;
@@ -274,6 +275,8 @@ void pop_scope_full(unsigned flags) {
   if (entry.kind == sck_function) {
     if (entry.function_shareable_constants != nullptr) empty_func_shareable_constants_table(&entry);
     routine_defined(entry.assoc_routine);
+    if (!should_delay_lowering_on_function(entry.assoc_routine))
+      finish_function_processing_for_function_def(entry.assoc_routine->function_def_number);
   }
   if (entry.il_scope != nullptr) entry.il_scope->stack_depth = -1;
   restore_globals(entry);

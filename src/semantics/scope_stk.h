@@ -88,9 +88,9 @@ struct a_scope_stack_entry {
   int saved_curr_deferred_access_scope;
   an_expr_stack_entry *saved_expr_stack;
   an_object_lifetime *saved_object_lifetime;
-  a_stdc_pragma_state saved_fp_contract_state;
-  a_stdc_pragma_state saved_fenv_access_state;
-  a_stdc_pragma_state saved_cx_limited_range_state;
+  std::uint8_t saved_fp_contract_state;  // a_stdc_pragma_state
+  std::uint8_t saved_fenv_access_state;
+  std::uint8_t saved_cx_limited_range_state;
 
   an_active_using *active_using_list;         // using directives in force here
   an_object_lifetime *object_lifetime;        // opened for this scope; null: none

@@ -12,6 +12,7 @@
 #include "il/il_kinds.h"
 #include "il/il_walk.h"
 #include "il/src_seq.h"
+#include "lower/lower_il.h"
 #include "semantics/scope_stk.h"
 #include "semantics/symbol_tbl.h"
 
@@ -115,6 +116,16 @@ void wrapup_scope(a_scope *, a_scope_kind kind, a_scope_pointers_block *pointers
 
 void routine_defined(a_routine *routine) {
   routine->defined = true;
+}
+
+// What remains to be done for a body when it is complete (C) or the unit is (C++). Bodies of a unit
+// with errors go nowhere.
+void finish_function_processing_for_function_def(int function_def_number) {
+  if (suppress_il_lowering || total_errors != 0) return;
+  const a_function_def_entry &entry = function_def_table[function_def_number];
+  if (entry.scope == nullptr || mem_region_table[entry.region] == nullptr) return;
+  a_routine *routine = entry.scope->assoc.routine;
+  if (!routine->body_lowered) lower_function_scope(routine, entry.scope);
 }
 
 // Namespaces that were closed and may have been opened again are checked when the unit ends.

@@ -230,6 +230,8 @@ bool is_unnamed_tag_symbol(const a_symbol *symbol);
 // Gives an unnamed tag the name of the typedef that follows it.
 void relink_unnamed_tag_symbol(a_symbol *symbol, a_symbol_locator *locator);
 a_symbol *make_symbol_for_predeclared_type(a_type *type, const char *name);
+// The typedef va_list of the file scope, when <stdarg.h> is built in; once for each unit.
+void declare_builtin_va_list_type();
 a_symbol *make_predeclared_function_symbol(const char *name, a_routine *routine);
 a_symbol *enter_keyword(a_token_kind token, const char *name);
 // A macro is in no scope; the caller fills variant.macro_def.

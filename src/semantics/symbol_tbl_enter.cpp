@@ -10,9 +10,11 @@
 #include "il/il_alloc.h"
 #include "il/il_entity.h"
 #include "il/il_kinds.h"
+#include "il/il_type.h"
 #include "semantics/lookup.h"
 #include "semantics/scope_stk.h"
 #include "semantics/symbol_tbl.h"
+#include "semantics/sys_predef.h"
 
 namespace {
 
@@ -184,6 +186,19 @@ a_symbol *make_symbol_for_predeclared_type(a_type *type, const char *name) {
   symbol->variant.type = type;
   if (type->symbol == nullptr) set_source_corresp(type, symbol);
   return symbol;
+}
+
+void declare_builtin_va_list_type() {
+  a_symbol_locator locator = cleared_locator;
+  find_symbol("va_list", std::strlen("va_list"), &locator);
+  if (scope_depth_id_lookup(&locator, 0, 0) != nullptr) return;
+  a_memory_region_number saved;
+  switch_to_file_scope_region(&saved);
+  a_type *type = alloc_type(tk_typeref);
+  type->referenced_type = get_default_va_list_type();
+  make_symbol_for_predeclared_type(type, "va_list");
+  add_to_types_list(type, 0);
+  switch_back_to_original_region(saved);
 }
 
 a_symbol *make_predeclared_function_symbol(const char *name, a_routine *routine) {
