@@ -263,7 +263,7 @@ void f_possibly_add_orphaned_file_scope_il_entry(void *entry, an_il_entry_kind k
 // ---- Removal -----------------------------------------------------------------------------------
 
 void eliminate_unneeded_il_entries(a_scope *scope);
-void eliminate_bodies_of_unneeded_functions();
+void eliminate_bodies_of_unneeded_functions(a_scope *file_scope);
 void eliminate_unneeded_scope_orphaned_list_entries();
 // Releases the region of a function body; the routine has none any more.
 void clear_function_body(a_scope *scope);

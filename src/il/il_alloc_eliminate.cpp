@@ -101,10 +101,7 @@ void remove_from_types_list(a_type *type, a_scope *scope) {
 void eliminate_unneeded_il_entries(a_scope *scope) {
   if (!okay_to_eliminate_unneeded_il_entries) return;
   a_scope_pointers_block *open = open_pointers_of(scope);
-  if (scope->kind == sck_file) {
-    eliminate_bodies_of_unneeded_functions();
-    eliminate_unneeded_scope_orphaned_list_entries();
-  }
+  if (scope->kind == sck_file) eliminate_unneeded_scope_orphaned_list_entries();
   filter_list(&scope->variables, open != nullptr ? &open->variables_tail : nullptr);
   filter_list(&scope->routines, open != nullptr ? &open->routines_tail : nullptr);
   filter_list(&scope->types, open != nullptr ? &open->types_tail : nullptr);
@@ -114,12 +111,15 @@ void eliminate_unneeded_il_entries(a_scope *scope) {
   eliminate_in_nested_scopes(scope);
 }
 
-void eliminate_bodies_of_unneeded_functions() {
+void eliminate_bodies_of_unneeded_functions(a_scope *file_scope) {
   for (int number = 1; number <= highest_used_function_def_number; ++number) {
     a_scope *scope = function_def_table[number].scope;
     if (scope == nullptr || function_def_table[number].region == 0) continue;
     a_routine *routine = scope->assoc.routine;
     if (routine == nullptr || routine->keep_definition_in_il) continue;
+    if (il_marks(routine).from_secondary_trans_unit !=
+        il_marks(file_scope).from_secondary_trans_unit)
+      continue;
     if (!routine->owns_memory_region) continue;  // goes with the function around it
     clear_function_body(scope);
   }

@@ -277,7 +277,8 @@ void src_seq_one_time_init() {
 void src_seq_init() {
   cached_stretch = nullptr;
   seq_number_lookup_entries = last_seq_number_lookup_entry = nullptr;
-  number_of_stretches = 0;
+  stretch_table = nullptr;
+  stretch_table_size = number_of_stretches = 0;
 }
 
 void src_seq_reset() {
