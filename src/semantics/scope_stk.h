@@ -99,7 +99,8 @@ struct a_scope_stack_entry {
   a_template_decl_info *template_decl_info;
   an_instance_info *instance_info;
   a_pack_expansion_stack_entry *pack_expansion;
-  a_pending_pragma *scope_pragmas;  // wait for the end of the scope
+  a_pending_pragma *scope_pragmas;      // wait for the end of the scope
+  a_pending_pragma *construct_pragmas;  // bind to the declaration or statement being read
   int previous_lookup_scope;        // the next entry to try in a lookup; -1: none
 };
 
