@@ -46,7 +46,19 @@ void free_source_line_modif(a_source_line_modif *modif) {
   avail_source_line_modifs = modif;
 }
 
+// The scan leaves a text that may be an expansion of a macro, or enters it.
+static void count_open_text(const a_source_line_modif *modif, int change) {
+  if (modif->macro_id == nullptr) return;
+  macro_def_of(modif->macro_id)->open_texts += static_cast<std::uint32_t>(change);
+}
+
+static void leave_texts_up_to(const a_source_line_modif *outer) {
+  for (const a_source_line_modif *m = curr_text_modif; m != outer && m != nullptr; m = m->parent)
+    count_open_text(m, -1);
+}
+
 void clear_source_line_modifs() {
+  leave_texts_up_to(nullptr);
   curr_text_modif = nullptr;
   if (source_line_modif_list != nullptr) free_modif_tree(source_line_modif_list);
   source_line_modif_list = last_source_line_modif = nullptr;
@@ -117,6 +129,7 @@ void free_modif_children(a_source_line_modif *modif) {
 }
 
 void enter_text_modif(a_source_line_modif *modif) {
+  count_open_text(modif, 1);
   ++num_text_changes;
   curr_text_modif = modif;
   curr_char_loc = modif->text_start;
@@ -127,6 +140,7 @@ const char *leave_text_modif() {
   a_source_line_modif *modif = curr_text_modif;
   if (delete_source_from_loc != nullptr) end_deletion_at(curr_char_loc);
   const char *resume = modif->resume_loc;
+  count_open_text(modif, -1);
   ++num_text_changes;
   curr_text_modif = modif->parent;
   if (delete_source_from_loc != nullptr) delete_source_from_loc = resume;
@@ -160,6 +174,7 @@ void begin_inserted_text(const char *text, const a_source_position *pos,
 
 void end_inserted_text(a_saved_text_place *saved) {
   --inserted_text_depth;
+  leave_texts_up_to(&saved->inserted);
   delete_source_from_loc = saved->delete_from;
   curr_text_modif = saved->text_modif;
   curr_char_loc = saved->char_loc;

@@ -57,6 +57,7 @@ struct a_macro_def {
   const unsigned char *body;  // chunks, ended by a byte 0
   std::uint32_t body_length;  // with that byte
   std::uint32_t text_length;  // not 0: the body is one chunk of text of this length
+  std::uint32_t open_texts;   // expansions of it that are being read
   a_macro *macro;             // record for the listing; null: not listed
 };
 

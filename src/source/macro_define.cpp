@@ -403,8 +403,10 @@ void store_definition(const a_definition *d, a_symbol *macro_symbol) {
   note_param_uses(d);
   a_macro_def *def = macro_def_of(macro_symbol);
   std::uint32_t kept = def->flags & 0xE0u;
+  std::uint32_t open_texts = def->open_texts;
   std::size_t length = chunks.length;
   *def = {};
+  def->open_texts = open_texts;
   def->flags = static_cast<std::uint8_t>(d->flags | kept);
   def->num_params = d->num_params;
   def->params = d->params;

@@ -30,12 +30,13 @@ int macro_depth;
 int num_macro_invocations_in_process;
 bool in_macro_arg_list;
 
-static constexpr int max_macro_depth = 10000;  // of invocations inside arguments
+static constexpr int max_macro_depth = 2000;  // of invocations inside arguments
 static constexpr int max_pcc_recursion = 300;
 
 // ---- Recursion ---------------------------------------------------------------------------------
 
 bool is_in_own_expansion(const a_symbol *macro_symbol) {
+  if (macro_def_of(macro_symbol)->open_texts == 0) return false;
   for (const a_source_line_modif *m = curr_text_modif; m != nullptr; m = m->parent)
     if (m->macro_id == macro_symbol) return true;
   return false;

@@ -115,7 +115,9 @@ void pop_macro_definition(a_symbol_header *header) {
     return;
   }
   if (macro_symbol == nullptr) macro_symbol = new_macro_symbol(header, &saved->position);
+  std::uint32_t open_texts = macro_def_of(macro_symbol)->open_texts;
   *macro_def_of(macro_symbol) = saved->def;
+  macro_def_of(macro_symbol)->open_texts = open_texts;
   macro_symbol->decl_position = saved->position;
 }
 
