@@ -5,15 +5,9 @@
 // it does not ("x = 1/0;"): there the expression simply stays in the program.
 #include "semantics/folding_internal.h"
 
-bool (*in_unevaluated_operand)();
-
 // ---- Reporting ---------------------------------------------------------------------------------
 
 namespace {
-
-bool is_tolerant(const a_fold &fold) {
-  return !fold.constant_kind || (in_unevaluated_operand != nullptr && in_unevaluated_operand());
-}
 
 void fail_fold(a_fold &fold, a_constant *result) {
   if (fold.silent_error != nullptr)
@@ -34,7 +28,7 @@ void finish_fold(a_fold &fold, a_constant *result) {
     fold.not_constant = true;
     return;
   }
-  if (is_tolerant(fold)) {
+  if (!fold.constant_kind) {
     if (fold.severity >= es_error) {
       fold.not_constant = true;
       fold.severity = es_warning;

@@ -17,10 +17,6 @@
 #include "il/il_kinds.h"
 #include "il/src_seq.h"
 
-// Asked whether the expression that is being parsed is not evaluated (the operand of sizeof): then
-// a fault is a warning. Set by the expression parser; null: no expression is open.
-extern bool (*in_unevaluated_operand)();
-
 // ---- Operations --------------------------------------------------------------------------------
 
 void unary_operation(an_expr_operator_kind op, const a_constant *operand, a_type *result_type,

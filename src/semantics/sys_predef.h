@@ -65,11 +65,6 @@ bool is_machine_intrinsic(const a_routine *routine);
 a_type *get_default_va_list_type();
 bool is_va_list_type(const a_type *type);
 
-// ---- Vector helper types -----------------------------------------------------------------------
-
-a_type *create_bool_vector_type(int width);
-a_type *create_vpred_type();
-
 void sys_predef_trans_unit_init();
 
 #endif
