@@ -12,7 +12,7 @@
 #include "il/il_source_corresp.h"
 #include "il/il_type.h"
 
-struct PRAGMA;  // ifile/if_util.h
+struct PRAGMA;                      // ifile/if_util.h
 enum a_pragma_kind : std::uint8_t;  // target/pragma.h
 
 // The decl_modifiers word: the keywords and pragmas of the target.
