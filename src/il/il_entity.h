@@ -546,16 +546,7 @@ struct an_il_header {
   bool any_vla_type;  // a variably modified type exists
   bool any_typeinfo_use;
   bool lowered;
-  // Settings that the driver copies in.
   bool plain_char_is_signed;
-  bool source_is_pcc;
-  bool source_is_c;
-  bool gcc_mode;
-  bool gpp_mode;
-  bool clang_mode;
-  std::int32_t gnu_version;
-  std::int32_t clang_version;
-  std::int32_t default_max_member_alignment;
   std::int32_t target_configuration_index;
   std::int32_t std_version;
 };
