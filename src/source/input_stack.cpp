@@ -139,7 +139,7 @@ void push_input_stack(a_file_image *image, const char *name, const char *full_na
   entry->do_not_pop = request->do_not_pop;
   entry->guard_state = ifg_at_start;
   entry->saved_any_tokens_fetched = any_tokens_fetched_from_curr_input_file;
-  any_tokens_fetched_from_curr_input_file = false;
+  any_tokens_fetched_from_curr_input_file = end_of_all_input = false;
   if (image->kind != usk_none) multibyte_chars_in_source_enabled = true;
   make_top_entry_current();
   record_start_of_source_file(parent, seq_number_last_read + 1, 1, name, full_name, full_name,

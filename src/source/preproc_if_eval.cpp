@@ -59,6 +59,7 @@ void fail_at(const char *loc, an_error_code code) {
 }
 
 a_pp_value scan_conditional();
+a_pp_value scan_comma();
 
 // ---- Primaries ---------------------------------------------------------------------------------
 
@@ -184,7 +185,7 @@ a_pp_value scan_primary() {
     }
     if (*start == '(') {
       ++curr_char_loc;
-      a_pp_value value = scan_conditional();
+      a_pp_value value = scan_comma();
       skip_white_space();
       if (*curr_char_loc == ')')
         ++curr_char_loc;
@@ -407,6 +408,16 @@ a_pp_value scan_conditional() {
   return condition;
 }
 
+// conditional {, conditional}
+a_pp_value scan_comma() {
+  a_pp_value value = scan_conditional();
+  while (!failed && *curr_char_loc == ',' && !strict_ansi_mode) {
+    ++curr_char_loc;
+    value = scan_conditional();
+  }
+  return value;
+}
+
 }  // namespace
 
 bool scan_pp_if_expression(bool *value) {
@@ -415,14 +426,7 @@ bool scan_pp_if_expression(bool *value) {
   failed = false;
   evaluating = true;
   nesting = 0;
-  a_pp_value result = scan_conditional();
-  if (!failed && *curr_char_loc == ',' && !strict_ansi_mode) {
-    while (!failed && *curr_char_loc == ',') {
-      ++curr_char_loc;
-      result = scan_conditional();
-      skip_white_space();
-    }
-  }
+  a_pp_value result = scan_comma();
   in_pp_if_expression = saved_in_if;
   *value = !failed && result.bits != 0;
   return !failed && !some_error_in_curr_directive;

@@ -1,0 +1,4 @@
+// options: --gcc
+#if 1
+// expect: error #38 missing
+int x;
