@@ -181,7 +181,6 @@ void add_statement_to_list(a_statement *statement) {
 a_statement *add_statement_at_stmt_pos(std::uint8_t kind, const a_source_position *position) {
   a_statement *statement = alloc_statement(static_cast<a_statement_kind>(kind));
   statement->position = *position;
-  statement->is_unreachable = !stmt_reachable;
   add_statement_to_list(statement);
   if (kind == stmk_goto || kind == stmk_return) {
     set_reachability(not_reachable);
@@ -540,7 +539,6 @@ a_statement *compound_statement_full(unsigned flags, a_type **result_type) {
   }
   a_statement *block = alloc_statement(stmk_block);
   block->position = pos_curr_token;
-  block->is_unreachable = !stmt_reachable;
   block->block_supplement->is_function_body = is_function_body;
   block->block_supplement->is_statement_expr = is_statement_expression;
   if (!is_function_body && !is_statement_expression) add_statement_to_list(block);

@@ -35,6 +35,7 @@ int depth_of_innermost_scope_that_affects_access_control = -1;
 int curr_deferred_access_scope = -1;
 an_object_lifetime *curr_object_lifetime;
 a_pack_expansion_stack_entry *pack_expansion_stack;
+a_name_linkage_kind default_routine_name_linkage = nlk_external_c;
 
 namespace {
 
