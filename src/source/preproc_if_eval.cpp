@@ -60,6 +60,7 @@ void fail_at(const char *loc, an_error_code code) {
 
 a_pp_value scan_conditional();
 a_pp_value scan_comma();
+a_pp_value scan_unary();
 
 // ---- Primaries ---------------------------------------------------------------------------------
 
@@ -162,40 +163,39 @@ bool expand_name(const char *name, const char *end) {
 }
 
 a_pp_value scan_primary() {
-  for (;;) {
-    skip_white_space();
-    const char *start = curr_char_loc;
-    if (*start == '\0' && (start[1] == tm_inert || start[1] == tm_temporarily_inert)) {
-      a_pp_text_kind kind;
-      const char *end = end_of_pp_token(start + 2, &kind, nullptr);
-      return value_of_name(start + 2, end);
-    }
+  skip_white_space();
+  const char *start = curr_char_loc;
+  if (*start == '\0' && (start[1] == tm_inert || start[1] == tm_temporarily_inert)) {
     a_pp_text_kind kind;
-    const char *end = end_of_pp_token(start, &kind, nullptr);
-    switch (kind) {
-      case ptk_identifier:
-        if (expand_name(start, end)) continue;
-        return value_of_name(start, end);
-      case ptk_number:
-        return scan_number(end);
-      case ptk_literal:
-        return scan_literal_token();
-      default:
-        break;
-    }
-    if (*start == '(') {
-      ++curr_char_loc;
-      a_pp_value value = scan_comma();
-      skip_white_space();
-      if (*curr_char_loc == ')')
-        ++curr_char_loc;
-      else
-        fail_at(curr_char_loc, ec_exp_rparen);
-      return value;
-    }
-    fail_at(start, ec_exp_primary_expr);
-    return {};
+    const char *end = end_of_pp_token(start + 2, &kind, nullptr);
+    return value_of_name(start + 2, end);
   }
+  a_pp_text_kind kind;
+  const char *end = end_of_pp_token(start, &kind, nullptr);
+  switch (kind) {
+    case ptk_identifier:
+      if (expand_name(start, end))
+        return scan_unary();  // what it stands for may begin with an operator
+      return value_of_name(start, end);
+    case ptk_number:
+      return scan_number(end);
+    case ptk_literal:
+      return scan_literal_token();
+    default:
+      break;
+  }
+  if (*start == '(') {
+    ++curr_char_loc;
+    a_pp_value value = scan_comma();
+    skip_white_space();
+    if (*curr_char_loc == ')')
+      ++curr_char_loc;
+    else
+      fail_at(curr_char_loc, ec_exp_rparen);
+    return value;
+  }
+  fail_at(start, ec_exp_primary_expr);
+  return {};
 }
 
 a_pp_value scan_unary() {

@@ -193,6 +193,9 @@ TEST_F(Preproc, IfExpressions) {
                                 "(2 , 1)"};
   for (const char *truth : truths)
     EXPECT_EQ(tokens(std::string("#if ") + truth + "\nyes\n#endif\n"), "yes") << truth;
+  EXPECT_EQ(tokens("#define long28 +4\n#define int28 +2\n#define type28 long28 int28\n"
+                   "#if type28 == 6 && (type28) * 2 == 12 && !type28 == 2\nyes\n#endif\n"),
+            "yes");
   EXPECT_EQ(messages().find("2 "), std::string::npos);
 }
 
