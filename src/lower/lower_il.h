@@ -1,10 +1,10 @@
 // Lowering: rewrites the IL of a unit in place into the level that the generator knows.
 //
-// C needs only the pass over bodies and initializers told here; it runs over each body at the end of
-// its function and over the file scope's variables at the end of the unit. Behind it no expression
-// holds statements, every operand that must be a place is one, _Bool is only assigned values that
-// are 0 or 1, calls of builtins are plain code or intrinsics, and constants hold no designator that
-// goes back.
+// C needs only the pass over bodies and initializers told here; it runs over each body at the end
+// of its function and over the file scope's variables at the end of the unit. Behind it no
+// expression holds statements, every operand that must be a place is one, _Bool is only assigned
+// values that are 0 or 1, calls of builtins are plain code or intrinsics, and constants hold no
+// designator that goes back.
 //
 // New nodes lie in the region of the function, new temporaries in its outermost scope.
 #ifndef LOWER_LOWER_IL_H
@@ -21,9 +21,9 @@ extern bool lowering_file_scope;   // it is the file scope of the unit
 
 // ---- Questions ---------------------------------------------------------------------------------
 
-bool il_lowering_needed();        // C++ without errors: the lowering of classes and calls runs
-bool cpp_il_lowering_occured();   // it has run
-bool c99_il_lowering_needed();    // complex and variable-length work may come; in lower_c99
+bool il_lowering_needed();       // C++ without errors: the lowering of classes and calls runs
+bool cpp_il_lowering_occured();  // it has run
+bool c99_il_lowering_needed();   // complex and variable-length work may come; in lower_c99
 bool should_delay_lowering_on_function(const a_routine *routine);  // until the unit is parsed
 
 // ---- Scopes ------------------------------------------------------------------------------------

@@ -1,0 +1,46 @@
+// Complex types, _Atomic and variable-length arrays: told to the user, as they have no lowered
+// form.
+#include "lower/lower_c99.h"
+
+#include "DIAG/error.h"
+#include "il/il.h"
+#include "semantics/types.h"
+
+namespace {
+
+// What of a type has no lowered form, as a subject for the message; null: nothing.
+const char *unlowered_part(const a_type *type) {
+  for (; type->kind == tk_typeref; type = type->referenced_type)
+    if ((type->qualifiers & tq_atomic) != 0) return "an _Atomic type is";
+  switch (type->kind) {
+    case tk_complex:
+    case tk_imaginary:
+      return "a complex type is";
+    case tk_array:
+      if (type->is_vla) return "a variable-length array is";
+      return unlowered_part(type->element_type);
+    case tk_pointer:
+      type = skip_typerefs(static_cast<const a_type *>(type->pointed_to));
+      return type->kind == tk_array && is_vla_type(type) ? "a variable-length array is" : nullptr;
+    default:
+      return nullptr;
+  }
+}
+
+bool report(const char *subject, const a_source_position *position) {
+  if (subject == nullptr) return false;
+  pos_st_error(ec_not_supported, position, subject);
+  return true;
+}
+
+}  // namespace
+
+bool report_unlowered_c99_type(const a_type *type, const a_source_position *position) {
+  return type != nullptr && report(unlowered_part(type), position);
+}
+
+bool report_unlowered_c99_expr(const an_expr_node *expr) {
+  if (expr->kind == enk_sizeof || expr->kind == enk_vla_dealloc)
+    return report("a variable-length array is", &expr->position);
+  return report_unlowered_c99_type(expr->type, &expr->position);
+}
