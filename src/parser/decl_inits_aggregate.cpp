@@ -87,9 +87,8 @@ void report_excess(an_aggregate_walk &list) {
   list.walk->error = true;
 }
 
-// Values behind the last member are read and dropped.
-void skip_excess_elements(an_aggregate_walk &list) {
-  report_excess(list);
+// Elements up to the next designator or the end of the list, in silence.
+void skip_elements() {
   do {
     a_stop_token_count stops[tok_last] = {};
     stops[tok_comma] = stops[tok_rbrace] = stops[tok_semicolon] = 1;
@@ -143,10 +142,16 @@ a_constant *scan_member_value(an_aggregate_walk &list, a_type *type, a_brace_for
       return scan_aggregate(*list.walk, &type, bform_designated);
     if (!is_error_type(type))
       pos_ty_error(ec_designator_requires_aggregate_type, &pos_curr_token, type);
-    skip_excess_elements(list);
+    skip_elements();
     return make_error_value(*list.walk);
   }
   return scan_object_initializer(*list.walk, &type);
+}
+
+// Values behind the last member are read and dropped.
+void skip_excess_elements(an_aggregate_walk &list) {
+  report_excess(list);
+  skip_elements();
 }
 
 // ---- Arrays ------------------------------------------------------------------------------------
@@ -221,7 +226,7 @@ void scan_array_element(an_array_walk &array) {
     if (curr_token != tok_lbracket) {
       pos_error(ec_invalid_designator_kind, &pos_curr_token);
       array.list.walk->error = true;
-      skip_excess_elements(array.list);
+      skip_elements();
       return;
     }
     check_designators_allowed();
@@ -331,7 +336,7 @@ void scan_designated_field(a_class_walk &walk) {
   if (curr_token == tok_lbracket) {
     pos_error(ec_invalid_designator_kind, &pos_curr_token);
     walk.list.walk->error = true;
-    skip_excess_elements(walk.list);
+    skip_elements();
     return;
   }
   check_designators_allowed();
@@ -339,7 +344,7 @@ void scan_designated_field(a_class_walk &walk) {
   bool inside = false;
   if (!scan_field_designator(walk, &old_form, &inside)) {
     walk.list.walk->error = true;
-    skip_excess_elements(walk.list);
+    skip_elements();
     return;
   }
   append_field_designator(walk.list, walk.field);

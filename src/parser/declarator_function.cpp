@@ -88,6 +88,7 @@ struct a_prototype_scan {
   a_param_decl *last_decl;
   int count;
   bool for_name;
+  bool failed;  // a message said that the list is no list
 };
 
 // ( identifier-list )   with the first identifier current.
@@ -245,6 +246,7 @@ void scan_prototype(a_prototype_scan &scan) {
     if (!is_decl_start(dst_parameter) && curr_token != tok_identifier) {
       error_position = pos_curr_token;
       syntax_error(ec_exp_type_specifier);
+      scan.failed = true;
       break;
     }
     if (!scan_parameter(scan)) break;
@@ -306,6 +308,6 @@ a_declarator_part *scan_function_declarator(a_declarator_scan &scan, bool for_na
     info->end_position = pos_curr_token;
     leave_func_info(prototype, info);
   }
-  required_token(tok_rparen, ec_exp_rparen);
+  if (!prototype.failed || curr_token == tok_rparen) required_token(tok_rparen, ec_exp_rparen);
   return part;
 }

@@ -253,7 +253,6 @@ bool declare_declarator(a_symbol_locator *locator, a_decl_parse_state *state,
     decl_typedef(locator, state, nullptr, nullptr);
     attach_decl_attributes(state, false);
     if (curr_token == tok_assign) {
-      pos_sy_error(ec_cannot_initialize, &pos_curr_token, state->symbol);
       scan_variable_initializer(state, false);
     }
     return false;
@@ -274,8 +273,6 @@ bool declare_declarator(a_symbol_locator *locator, a_decl_parse_state *state,
   declare_function(locator, state, func_info);
   attach_decl_attributes(state, false);
   if (curr_token == tok_assign) {
-    if (state->symbol != nullptr)
-      pos_sy_error(ec_cannot_initialize, &pos_curr_token, state->symbol);
     scan_variable_initializer(state, false);
   }
   return false;

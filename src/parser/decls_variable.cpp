@@ -100,8 +100,10 @@ a_symbol *redeclare_variable(a_variable_decl &decl, a_symbol *previous) {
 a_symbol *adopt_external_variable(a_variable_decl &decl, int depth) {
   a_symbol *external = decl.prior.external;
   a_variable *variable = external->variant.variable;
-  reconcile_external_symbol_types(external, &decl.position, decl.type, es_error);
-  merge_type(decl, external, variable);
+  if (reconcile_external_symbol_types(external, &decl.position, decl.type, es_error))
+    merge_type(decl, external, variable);
+  else
+    decl.state->has_error = true;
   if (decl.at_file_scope) merge_storage_class(decl, variable, external);
   a_symbol *symbol = enter_symbol(syk_variable, decl.locator, depth, 0);
   symbol->variant.variable = variable;

@@ -359,8 +359,10 @@ a_token_kind scan_token() {
       return scan_less(loc);
     case '/':
       if (loc[1] == '*' || loc[1] == '/') {
+        // A comment is over where the next line may begin at the same place of the buffer.
+        kind_of_white_space_skipped = 0;
         skip_white_space();
-        if (curr_char_loc != loc) return tok_rescan;  // it was a comment
+        if (kind_of_white_space_skipped != 0) return tok_rescan;
       }
       return scan_with_assign(loc, tok_divide, tok_divide_assign);
     case '[':
