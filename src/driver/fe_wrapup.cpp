@@ -19,6 +19,7 @@
 #include "semantics/folding.h"
 #include "semantics/scope_stk.h"
 #include "source/lexical.h"
+#include "source/macro.h"
 #include "source/pp_output.h"
 #include "source/preproc.h"
 
@@ -30,7 +31,7 @@ void end_of_unit_step(a_translation_unit *unit) {
   lexical_trans_unit_wrapup();
   wrapup_scope(unit->file_scope, sck_file, scope_stack[depth_scope_stack].pointers);
   if (in_cplusplus()) wrapup_namespace_scopes();
-  if (il_lowering_needed) do_all_name_mangling(0);
+  if (il_lowering_needed()) do_all_name_mangling(0);
 }
 
 void mark_and_eliminate(a_translation_unit *unit) {
@@ -66,10 +67,10 @@ void end_of_file_scope_step(a_translation_unit *unit) {
   empty_shareable_constants_table();
   pop_scope();
   mark_and_eliminate(unit);
-  if (il_lowering_needed) do_final_name_mangling();
+  if (il_lowering_needed()) do_final_name_mangling();
   eliminate_unneeded(unit);
   check_for_done_with_all_function_memory_regions();
-  if (il_lowering_needed) clear_parent_information(unit->file_scope);
+  if (il_lowering_needed()) clear_parent_information(unit->file_scope);
   check_for_done_with_memory_region(unit->file_scope_region_number);
 }
 

@@ -20,6 +20,7 @@
 
 bool il_lowering_underway;
 bool lowering_file_scope;
+bool function_body_processing_delayed_on_some_func_in_primary_il;
 a_scope *lowered_scope;
 a_routine *lowered_routine;
 a_statement_run *current_run;
@@ -113,6 +114,23 @@ void lower_file_scope() {
 
 void lower_functions_waiting_for_module_id() {}
 
+namespace {
+
+template <class T>
+void clear_lost_parents(T *first, an_il_entry_kind kind) {
+  for (T *entity = first; entity != nullptr; entity = entity->next)
+    if (entity->has_local_scope_ref && get_parent_scope_of(entity) == nullptr)
+      clear_parent(entity, kind);
+}
+
+}  // namespace
+
+void clear_parent_information(a_scope *file_scope) {
+  clear_lost_parents(file_scope->types, iek_type);
+  clear_lost_parents(file_scope->variables, iek_variable);
+  clear_lost_parents(file_scope->routines, iek_routine);
+}
+
 // ---- Made entities -----------------------------------------------------------------------------
 
 a_variable *make_local_temporary(a_type *type) {
@@ -192,6 +210,7 @@ an_expr_node *intrinsic_call(int number, const char *name, a_type *type, an_expr
 void il_lower_init() {
   errors_of_lowering = 0;
   il_lowering_underway = lowering_file_scope = false;
+  function_body_processing_delayed_on_some_func_in_primary_il = in_cplusplus();
   lowered_scope = nullptr;
   lowered_routine = nullptr;
   current_run = nullptr;

@@ -18,6 +18,8 @@
 
 extern bool il_lowering_underway;  // a scope is being lowered
 extern bool lowering_file_scope;   // it is the file scope of the unit
+// Bodies wait for the end of the unit; they are finished by their function definition numbers.
+extern bool function_body_processing_delayed_on_some_func_in_primary_il;
 
 // ---- Questions ---------------------------------------------------------------------------------
 
@@ -34,6 +36,9 @@ void lower_file_scope();
 void lower_function_scope(a_routine *routine, a_scope *scope);
 // Routines that were put off until the unit has its id; none in C.
 void lower_functions_waiting_for_module_id();
+
+// Entities whose scope went with the body that it belonged to get the file scope as their parent.
+void clear_parent_information(a_scope *file_scope);
 
 // ---- Statements --------------------------------------------------------------------------------
 
