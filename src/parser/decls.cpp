@@ -436,7 +436,8 @@ void scan_nonmember_declaration(a_decl_parse_state *state, a_source_range *range
       scan_simple_declaration(state, false);
   }
   remove_stop_token(tok_semicolon);
-  if (has_pragmas) process_curr_construct_pragmas(state->symbol, nullptr);
+  if (has_pragmas && any_curr_construct_pragmas())
+    process_curr_construct_pragmas(state->symbol, nullptr);
   if (range != nullptr) {
     range->start = start;
     range->end = end_pos_curr_token;
@@ -508,6 +509,7 @@ void translation_unit() {
     scan_nonmember_declaration(&state, nullptr);
   }
   complete_tentative_definitions();
+  process_alias_fixup_list();
   if (curr_token_pragmas != nullptr) process_pragmas_at_end_of_source();
 }
 

@@ -6,6 +6,7 @@
 #include "driver/switches.h"
 #include "il/il.h"
 #include "il/il_entity.h"
+#include "parser/attribute.h"
 #include "parser/decl_spec.h"
 #include "parser/declarator.h"
 #include "parser/decls_internal.h"
@@ -205,6 +206,7 @@ a_symbol *decl_routine(a_symbol_locator *locator, a_decl_parse_state *state,
   if (symbol == nullptr) symbol = make_error_routine(decl);
   state->symbol = symbol;
   apply_asm_name(decl, symbol->variant.routine);
+  if (state->asm_name != nullptr) record_asm_name_for_lookup(symbol);
   if (!decl.at_file_scope)
     record_entity_in_decl_stmt_if_needed(reinterpret_cast<char *>(symbol->variant.routine),
                                          iek_routine, &decl.position);

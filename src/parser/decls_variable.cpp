@@ -11,6 +11,7 @@
 #include "driver/switches.h"
 #include "il/il.h"
 #include "il/il_entity.h"
+#include "parser/attribute.h"
 #include "parser/decl_spec.h"
 #include "parser/decls_internal.h"
 #include "parser/extasm.h"
@@ -259,6 +260,7 @@ a_symbol *decl_variable(a_symbol_locator *locator, a_decl_parse_state *state, bo
   state->static_storage = variable->storage_class < sc_auto;
   set_variable_marks(decl, variable);
   apply_asm_name(decl, variable);
+  if (variable->asm_name != nullptr) record_asm_name_for_lookup(symbol);
   if (!decl.at_file_scope)
     record_entity_in_decl_stmt_if_needed(reinterpret_cast<char *>(variable), iek_variable,
                                          &decl.position);
