@@ -71,12 +71,17 @@ struct a_check_visitor {
   void hidden(T *&) {}
 
  private:
+  // Its initializer may hold the address of a label; both end with the function.
+  bool owner_is_local_static() const {
+    return owner_kind == iek_variable &&
+           static_cast<const a_variable *>(owner)->enclosing_routine != nullptr;
+  }
   void check_region(const void *target, an_il_entry_kind kind) {
     if (kind >= iek_last) {
       report("a field has no valid kind", owner_kind, owner);
       return;
     }
-    if (in_file_scope_region(owner) && !in_file_scope_region(target))
+    if (in_file_scope_region(owner) && !in_file_scope_region(target) && !owner_is_local_static())
       report("points from the file scope into the region of a function", owner_kind, owner);
   }
 };
