@@ -23,7 +23,6 @@ struct a_walk_state {
   a_remap_hook pointer_remap_hook;
   a_remap_hook list_link_remap_hook;
   bool walk_file_scope_entries;  // false in a walk of a function's region
-  bool walking_secondary_unit;
   bool clear_hidden_links;
 };
 a_walk_state walk;
@@ -164,10 +163,7 @@ void walk_file_scope_il(a_post_entry_hook post_hook, a_text_hook text_hook, a_re
   walk.walk_file_scope_entries = true;
   start_new_il_walk();
   il_header.primary_scope = remapped(remap_hook, il_header.primary_scope, iek_scope);
-  if (il_header.primary_scope != nullptr) {
-    walk.walking_secondary_unit = il_marks(il_header.primary_scope).from_secondary_trans_unit;
-    walk_entry(il_header.primary_scope, iek_scope);
-  }
+  if (il_header.primary_scope != nullptr) walk_entry(il_header.primary_scope, iek_scope);
   walk_list(il_header.primary_source_files, iek_source_file);
   il_header.main_routine = remapped(remap_hook, il_header.main_routine, iek_routine);
   if (il_header.main_routine != nullptr) walk_entry(il_header.main_routine, iek_routine);
@@ -187,7 +183,6 @@ void walk_routine_scope_il(a_memory_region_number region, a_post_entry_hook post
   const a_saved_walk saved;
   set_hooks(post_hook, text_hook, remap_hook, list_remap_hook, pre_hook, clear_hidden_links);
   walk.walk_file_scope_entries = false;
-  walk.walking_secondary_unit = il_marks(root).from_secondary_trans_unit;
   start_new_il_walk();
   walk_list(root, iek_scope);
 }
@@ -200,7 +195,6 @@ void walk_il_subtree(a_post_entry_hook post_hook, a_text_hook text_hook, a_remap
   entry = remapped(remap_hook, static_cast<char *>(entry), kind);
   if (entry == nullptr) return;
   walk.walk_file_scope_entries = in_file_scope_region(entry);
-  walk.walking_secondary_unit = il_marks(entry).from_secondary_trans_unit;
   walk_entry(entry, kind);
 }
 
