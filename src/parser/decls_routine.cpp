@@ -76,8 +76,22 @@ void apply_asm_name(a_routine_decl &decl, a_routine *routine) {
   routine->asm_name = state->asm_name;
 }
 
+// A function of the program may have the name of a builtin one: with another type, or as static, it
+// takes its place.
+void take_builtin_name(a_routine_decl &decl, a_routine *routine) {
+  bool fits = f_types_are_compatible(routine->type, decl.type, tcf_error_is_compatible);
+  bool is_static = decl.state->storage_class == dsc_static;
+  if (fits && !is_static) return;
+  if (!fits) pos_sy_warning(ec_builtin_function_hidden, &decl.position, routine->symbol);
+  routine->special_data.all = 0;
+  routine->type = decl.type;
+  if (is_static) routine->storage_class = sc_static;
+}
+
 a_symbol *redeclare_routine(a_routine_decl &decl, a_symbol *previous) {
   a_routine *routine = previous->variant.routine;
+  if (routine->special_kind == sfk_none && routine->special_data.builtin_number != 0)
+    take_builtin_name(decl, routine);
   if (decl.is_definition && routine->defined) {
     if (!decl.state->has_error) pos_sy_error(ec_already_defined, &decl.position, previous);
     decl.state->has_error = true;

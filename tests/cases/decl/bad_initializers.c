@@ -19,6 +19,8 @@ struct s {
 //     ^
 // expect: error #137 "z" is not a field
 struct s h = 1;
+//           ^
+// expect: error #145 a value of type "int" cannot be used to initialize
 int i[] = {[0 ... 3] = 7, [2] = 1};
 int j[sizeof(i) == 16 ? 1 : -1];
 void block(void) {
@@ -35,5 +37,5 @@ void block(void) {
 }
 int r[] = {};
 typedef int t = 3;
-//            ^
+//              ^
 // expect: error #146 may not be initialized

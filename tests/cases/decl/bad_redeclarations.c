@@ -29,7 +29,7 @@ typedef int T;
 typedef int T;
 typedef long T;
 //           ^
-// expect: error #258 invalid redeclaration of type name
+// expect: error #258 invalid redeclaration of type "T"
 enum E { e1 };
 struct E;
 //     ^

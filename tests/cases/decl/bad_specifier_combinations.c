@@ -11,7 +11,6 @@ unsigned unsigned c;
 //       ^
 // expect: error #242 duplicate specifier
 short double d;
-//^
 // expect: error #85 invalid combination
 int char e;
 //  ^
@@ -28,7 +27,6 @@ static missing_t *i;
 //     ^
 // expect: error #20 identifier "missing_t" is undefined
 auto int j;
-//^
 // expect: warning #1235 "auto" ignored at file scope
 int k[sizeof(long unsigned int long) == 8 ? 1 : -1];
 double long m;

@@ -29,7 +29,6 @@ struct members {
   // expect: error #71 incomplete type is not allowed
   int last;
   static int s;
-  //^
   // expect: error #81 a storage class may not be specified here
 };
 struct anonymous {

@@ -8,8 +8,6 @@ struct forward {
 };
 int check[sizeof(struct forward) == 4 ? 1 : -1];
 void prototype(struct only_here *p);
-//                    ^
-// expect: warning #233 declaration is not visible outside of function
 int hide(void) {
   struct forward;
   struct forward {

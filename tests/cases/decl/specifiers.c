@@ -29,4 +29,6 @@ struct outer {
 struct inner visible;
 enum inside also_visible = in_b;
 volatile const int *const volatile restricted;
+//                                 ^
+// expect: warning #259 const variable "restricted" requires an initializer
 int f(void), g(), (*h)(int, ...);
