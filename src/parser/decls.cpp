@@ -510,7 +510,8 @@ void translation_unit() {
   }
   complete_tentative_definitions();
   process_alias_fixup_list();
-  if (curr_token_pragmas != nullptr) process_pragmas_at_end_of_source();
+  process_pragmas_at_end_of_source();
+  process_alias_fixup_list();
 }
 
 void decls_one_time_init() {}

@@ -23,6 +23,7 @@
 #include "semantics/symbol_tbl.h"
 #include "semantics/types.h"
 #include "source/lexical.h"
+#include "target/pragma.h"
 
 int depth_stmt_stack = -1;
 bool stmt_reachable;
@@ -178,10 +179,27 @@ void add_statement_to_list(a_statement *statement) {
   append_statement(entry.wrapper, &entry.last_statement, statement);
 }
 
+// The pragmas in front of a statement bind to it; those in front of a declaration wait for its
+// symbol, and labels pass them on.
+static void bind_pragmas_to_statement(a_statement *statement) {
+  switch (statement->kind) {
+    case stmk_decl:
+    case stmk_init:
+    case stmk_label:
+    case stmk_case:
+    case stmk_set_vla_size:
+    case stmk_vla_decl:
+      return;
+    default:
+      if (any_curr_construct_pragmas()) process_curr_construct_pragmas(nullptr, statement);
+  }
+}
+
 a_statement *add_statement_at_stmt_pos(std::uint8_t kind, const a_source_position *position) {
   a_statement *statement = alloc_statement(static_cast<a_statement_kind>(kind));
   statement->position = *position;
   add_statement_to_list(statement);
+  bind_pragmas_to_statement(statement);
   if (kind == stmk_goto || kind == stmk_return) {
     set_reachability(not_reachable);
   } else if (kind == stmk_label) {
@@ -473,7 +491,10 @@ void scan_statement(bool is_dependent, bool extension_seen) {
     if (curr_token == tok_attribute) report_attributes_of_statement(scan_attributes(al_decl_start));
   }
   if (after_label && curr_token == tok_extension) get_token();
+  bool has_pragmas = curr_token_pragmas != nullptr;
+  if (has_pragmas) select_curr_construct_pragmas(true);
   scan_statement_by_token(is_dependent, after_label);
+  if (has_pragmas && any_curr_construct_pragmas()) cannot_bind_to_curr_construct();
 }
 
 // ---- Blocks ------------------------------------------------------------------------------------
@@ -541,7 +562,10 @@ a_statement *compound_statement_full(unsigned flags, a_type **result_type) {
   block->position = pos_curr_token;
   block->block_supplement->is_function_body = is_function_body;
   block->block_supplement->is_statement_expr = is_statement_expression;
-  if (!is_function_body && !is_statement_expression) add_statement_to_list(block);
+  if (!is_function_body && !is_statement_expression) {
+    add_statement_to_list(block);
+    bind_pragmas_to_statement(block);
+  }
   if (!is_function_body) push_block_scope(nullptr);
   a_struct_stmt_stack_entry &entry = push_struct_stmt_entry(ssk_block, block);
   entry.is_function_body = is_function_body;
@@ -552,9 +576,12 @@ a_statement *compound_statement_full(unsigned flags, a_type **result_type) {
   }
   add_stop_token(tok_rbrace);
   required_token(tok_lbrace, ec_exp_lbrace);
+  if (curr_token_pragmas != nullptr && !in_cplusplus()) check_for_stdc_pragmas();
   while (local_labels_start_here())
     scan_local_label_declarations();
   scan_block_items();
+  // Pragmas in front of the closing brace belong to this block.
+  if (curr_token_pragmas != nullptr) process_curr_token_pragmas();
   remove_stop_token(tok_rbrace);
   if (is_function_body && stmt_reachable)
     check_implicit_return(true, (flags & bf_user_body) != 0, &pos_curr_token);

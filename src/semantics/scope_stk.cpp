@@ -20,6 +20,7 @@
 #include "il/src_seq.h"
 #include "lower/lower_il.h"
 #include "semantics/symbol_tbl.h"
+#include "target/pragma.h"
 
 a_scope_stack scope_stack;
 int size_scope_stack;
@@ -271,6 +272,8 @@ enum a_pop_flag : unsigned { pf_checks = 1, pf_keep_symbols = 2 };
 void pop_scope_full(unsigned flags) {
   check_invariant(depth_scope_stack >= 0);
   a_scope_stack_entry &entry = top_scope();
+  if (entry.scope_pragmas != nullptr || entry.construct_pragmas != nullptr)
+    end_of_scope_pragma_processing(&entry);
   take_names_out_of_sight(entry);
   if ((flags & pf_checks) != 0) wrapup_scope(entry.il_scope, entry.kind, entry.pointers);
   if (entry.kind == sck_function) {
