@@ -216,7 +216,7 @@ void raise_alignment_for_bit_field(a_class_layout_state &state, const a_field *f
   raise_class_alignment(state, alignment);
 }
 
-// int : 0;   The next field starts at a boundary of the type.
+// int : 0;   The next field starts at a boundary of the type, whatever the packing.
 void place_zero_width_bit_field(a_class_layout_state &state, a_field *field) {
   std::uint32_t alignment;
   if (targ_zero_width_bit_field_alignment < 0)
@@ -226,7 +226,6 @@ void place_zero_width_bit_field(a_class_layout_state &state, a_field *field) {
   else
     alignment = static_cast<std::uint32_t>(targ_zero_width_bit_field_alignment);
   if (field->explicit_alignment > alignment) alignment = field->explicit_alignment;
-  alignment = limited_by_packing(alignment, state.class_type);
   std::uint64_t unit = std::uint64_t{alignment} * static_cast<unsigned>(targ_char_bit);
   set_bit_position(state, round_up_to(bit_position(state), unit));
   field->offset = state.next_byte_offset;
@@ -251,8 +250,12 @@ void place_oversized_bit_field(a_class_layout_state &state, a_field *field) {
   raise_alignment_for_bit_field(state, field, alignment);
 }
 
-// Would the field span more units of the alignment than its container has?
-bool crosses_container(std::uint64_t position, std::uint32_t width, const a_container &container) {
+// Would the field span more units of the alignment than its container has? Under #pragma pack a
+// bit-field goes wherever the cursor stands.
+bool crosses_container(const a_class_layout_state &state, std::uint32_t width,
+                       const a_container &container) {
+  if (pack_limit(state.class_type) != 0) return false;
+  std::uint64_t position = bit_position(state);
   std::uint64_t unit = container.alignment * static_cast<unsigned>(targ_char_bit);
   if (unit == 0 || container.bits == 0) return false;
   if (unit > container.bits) unit = container.bits;
@@ -280,7 +283,7 @@ void place_bit_field(a_class_layout_state &state, a_field *field) {
   std::uint64_t unit = container.alignment * static_cast<unsigned>(targ_char_bit);
   std::uint64_t position = bit_position(state);
   bool starts_at_alignment = field->explicit_alignment != 0;
-  if (starts_at_alignment || crosses_container(position, field->bit_size, container))
+  if (starts_at_alignment || crosses_container(state, field->bit_size, container))
     position = round_up_to(position, unit);
   set_bit_position(state, position);
   field->offset = state.next_byte_offset;
