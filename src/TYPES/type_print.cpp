@@ -61,7 +61,7 @@ std::string qualifier_words(unsigned bits) {
                                       "far",   "ioport",   "restrict", "onchip"};
   std::string result;
   for (unsigned i = 0; i < 8; i++)
-    if ((bits >> i & 1) != 0) result += (result.empty() ? "" : " ") + std::string(words[i]);
+    if ((bits >> i & 1) != 0) result.append(result.empty() ? "" : " ").append(words[i]);
   return result;
 }
 

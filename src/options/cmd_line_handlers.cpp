@@ -12,6 +12,7 @@
 #include "driver/switches.h"
 #include "options/cmd_line_internal.h"
 #include "options/configuration.h"
+#include "semantics/layout.h"
 #include "semantics/target.h"
 #include "source/input_stack.h"
 #include "source/macro.h"
@@ -35,7 +36,8 @@ int argument_among(const char *const (&words)[COUNT]) {
   str_command_line_error(ec_cl_invalid_option, curr_option_argument);
 }
 
-// Checks of rules and power advice are not part of this program yet; precompiled headers neither.
+// Checks of rules, power advice, precompiled headers and calls at the entry and exit of functions
+// are not part of this program yet.
 [[noreturn]] void refuse(const char *name) {
   str_command_line_error(ec_cl_invalid_option, name);
 }
@@ -345,7 +347,9 @@ void option_zvn_base_dir(int) {
     str_command_line_error(ec_cl_invalid_zvn_base_directory, zvn_base_directory);
 }
 // The writer of assembly headers is not part of this program yet.
-void option_asmheaders(int) { refuse("--asmheaders"); }
+void option_asmheaders(int) {
+  refuse("--asmheaders");
+}
 void option_no_il_lowering(int) {
   suppress_il_lowering = suppress_back_end = true;
 }
@@ -500,16 +504,16 @@ void option_advice_performance(int) {
   if (argument_is("none")) performance_advice = 0;
 }
 void option_entry_hook(int) {
-  enable_hook(hook_at_entry, hook_name, curr_option_argument);
+  refuse("entry_hook");
 }
 void option_entry_parm(int) {
-  enable_hook(hook_at_entry, hook_parameter, curr_option_argument);
+  refuse("entry_parm");
 }
 void option_exit_hook(int) {
-  enable_hook(hook_at_exit, hook_name, curr_option_argument);
+  refuse("exit_hook");
 }
 void option_exit_parm(int) {
-  enable_hook(hook_at_exit, hook_parameter, curr_option_argument);
+  refuse("exit_parm");
 }
 void option_size_speed_goal(int) {
   static const char *const words[] = {"high_risk_performance", "medium_risk_performance",

@@ -199,6 +199,15 @@ void scan_expr_at_level(an_operand *result, int level) {
   scan_operators(result, level);
 }
 
+void discard_operand_value(an_operand *operand) {
+  if (!operand_has_effect(operand)) expr_pos_warning(ec_expr_has_no_effect, &operand->start_pos);
+  if (operand->value_category == vc_glvalue && is_volatile_type(operand->type) &&
+      !is_array_type(operand->type))
+    do_operand_transformations(operand);
+  else if (operand->value_category != vc_prvalue)
+    do_operand_transformations(operand, dot_keep_lvalue | dot_keep_array | dot_keep_function);
+}
+
 // ---- Full expressions --------------------------------------------------------------------------
 
 an_expr_node *scan_void_expression(bool *is_result, a_dynamic_init **init) {
@@ -214,12 +223,7 @@ an_expr_node *scan_void_expression(bool *is_result, a_dynamic_init **init) {
     *init = make_expression_dynamic_init(node);
     return node;
   }
-  if (!operand_has_effect(&operand)) expr_pos_warning(ec_expr_has_no_effect, &operand.start_pos);
-  if (operand.value_category == vc_glvalue && is_volatile_type(operand.type) &&
-      !is_array_type(operand.type))
-    do_operand_transformations(&operand);
-  else if (operand.value_category != vc_prvalue)
-    do_operand_transformations(&operand, dot_keep_lvalue | dot_keep_array | dot_keep_function);
+  discard_operand_value(&operand);
   an_expr_node *node = make_node_from_operand(&operand);
   node->result_not_used = true;
   return node;

@@ -59,6 +59,8 @@ void scan_binary_operator(an_operand *left, an_operand *result, int level);
 void scan_conditional(an_operand *left, an_operand *result);
 void scan_assignment(an_operand *left, an_operand *result);
 void scan_comma(an_operand *left, an_operand *result);
+// The operand is computed for its effects: a warning when it has none, a read when it is volatile.
+void discard_operand_value(an_operand *operand);
 // left + right where one is a pointer; for subscripts too.
 void add_to_pointer(an_operand *pointer, an_operand *index, bool index_is_first, an_operand *result,
                     const a_source_position *position);
@@ -67,6 +69,8 @@ void scan_postfix_incr_decr(an_operand *left, an_operand *result);
 // Postfix operators (expr_postfix.cpp, expr_call.cpp).
 void scan_subscript(an_operand *left, an_operand *result);
 void scan_field_selection(an_operand *left, an_operand *result);
+// The member's name is the current token; a pointer was made a value already.
+void scan_member_name(an_operand *object, bool by_pointer, an_operand *result);
 void scan_function_call(an_operand *left, an_operand *result);
 
 // Builtin forms (expr_builtin.cpp).

@@ -23,7 +23,10 @@ a_ref_entry *last_expr_ref_entry;
 a_ref_entry *avail_ref_entries;
 
 void clear_operand(an_operand_kind kind, an_operand *operand) {
-  std::memset(static_cast<void *>(operand), 0, offsetof(an_operand, expr) + sizeof(operand->expr));
+  // The constant at the end is written by the kinds that have one.
+  auto head = reinterpret_cast<char *>(&operand->expr) - reinterpret_cast<char *>(operand);
+  std::memset(static_cast<void *>(operand), 0,
+              static_cast<std::size_t>(head) + sizeof(operand->expr));
   operand->kind = kind;
   operand->start_pos = pos_curr_token;
   operand->end_pos = end_pos_curr_token;

@@ -291,7 +291,5 @@ a_token_kind scan_identifier(const char *start, bool inert, bool temporarily_ine
         return kind;
     }
   }
-  if (in_pp_if_expression && expand_macros && !fetch_pp_tokens && !scanning_macro_name)
-    return make_pp_int_constant(0);
   return tok_identifier;
 }

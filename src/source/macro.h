@@ -144,9 +144,6 @@ extern int macro_depth;  // invocations being processed
 extern int num_macro_invocations_in_process;
 extern bool in_macro_arg_list;
 
-// Makes the current token an integer constant, for #if.
-a_token_kind make_pp_int_constant(a_host_large_integer value);
-
 // At the marker 0,10. No text holds that marker today.
 void choose_raw_or_expanded_arg();
 

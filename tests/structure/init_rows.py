@@ -9,7 +9,8 @@ import re
 import sys
 
 # Parts of a module that its own routine calls, or the driver's own levels.
-CALLED_BY_OTHERS = {"fe", "fe_translation_unit", "input_stack", "pp_output"}
+CALLED_BY_OTHERS = {"fe", "fe_translation_unit", "input_stack", "pp_output", "il_alloc",
+                    "il_constants", "il_needed"}
 # Called by name: the unit's own reset, between two levels, and what only a checked rule set needs.
 CALLED_BY_NAME = {("INIT", "trans_unit"), ("ONE_TIME_INIT", "misra")}
 LEVELS = {"early_init": "EARLY_INIT", "one_time_init": "ONE_TIME_INIT",
