@@ -76,13 +76,25 @@ void generate_increment(an_expr_node *increment) {
 
 // while and for. A small condition is written twice, as a guard and behind the body; a larger one
 // once, behind the body, where the loop is entered.
-void generate_while_or_for(a_statement *statement, const char *keyword) {
+// Begins a block when the scope has something to declare.
+bool open_block(a_scope *scope) {
+  if (scope == nullptr || (scope->variables == nullptr && scope->local_variables == nullptr &&
+                           scope->pragmas == nullptr))
+    return false;
+  i_file->if_write_control(ifr_begin_block, &current_psn);
+  generate_block_symbols(scope);
+  i_file->if_write_control(ifr_end_locals, &current_psn);
+  return true;
+}
+
+void close_block(const a_source_position &end) {
+  set_current_psn(end);
+  i_file->if_write_control(ifr_end_block, &current_psn);
+}
+
+// while, and for behind its first clause.
+void generate_loop(a_statement *statement, an_expr_node *increment, const char *keyword) {
   an_expr_node *condition = statement->expr;
-  an_expr_node *increment = nullptr;
-  if (statement->kind == stmk_for) {
-    generate_statements(statement->for_supplement->init_statement);
-    increment = statement->for_supplement->increment_expr;
-  }
   a_source_position position = statement->position;
   set_current_psn(position);
   unsigned limit = targ_size_speed_goal >= 3 ? 4 : 10;
@@ -232,20 +244,17 @@ void generate_switch(a_statement *statement) {
 
 void generate_block(a_statement *statement) {
   a_block_supplement *supplement = statement->block_supplement;
-  a_scope *scope = supplement != nullptr ? supplement->scope : nullptr;
-  bool declares =
-      scope != nullptr && (scope->variables != nullptr || scope->local_variables != nullptr ||
-                           scope->pragmas != nullptr);
-  if (!declares) {
-    generate_statements(statement->first_statement);
-    return;
-  }
-  i_file->if_write_control(ifr_begin_block, &current_psn);
-  generate_block_symbols(scope);
-  i_file->if_write_control(ifr_end_locals, &current_psn);
+  bool opened = open_block(supplement != nullptr ? supplement->scope : nullptr);
   generate_statements(statement->first_statement);
-  set_current_psn(supplement->end_position);
-  i_file->if_write_control(ifr_end_block, &current_psn);
+  if (opened) close_block(supplement->end_position);
+}
+
+// The scope of a declaration in the first clause is a block around the loop.
+void generate_for(a_statement *statement) {
+  bool opened = open_block(statement->for_supplement->scope);
+  generate_statements(statement->for_supplement->init_statement);
+  generate_loop(statement, statement->for_supplement->increment_expr, "for");
+  if (opened) close_block(statement->end_position);
 }
 
 void generate_statement(a_statement *statement) {
@@ -260,10 +269,10 @@ void generate_statement(a_statement *statement) {
       generate_if(statement);
       break;
     case stmk_while:
-      generate_while_or_for(statement, "while");
+      generate_loop(statement, nullptr, "while");
       break;
     case stmk_for:
-      generate_while_or_for(statement, "for");
+      generate_for(statement);
       break;
     case stmk_do:
       generate_do(statement);

@@ -741,8 +741,10 @@ void settle_include_paths() {
     remove_duplicate_include_dirs(&last_user_dir, true);
   }
   if (primary_source_file_name == nullptr) command_line_error(ec_cl_missing_source_file_name);
+  // The head of the path is the directory of the file that includes.
   if (put_dir_of_each_opened_source_file_on_incl_search_path)
-    push_primary_include_search_dir(directory_of(primary_source_file_name), false);
+    add_to_front_of_include_search_path(f_directory_of(primary_source_file_name, true),
+                                        &incl_search_path, &end_incl_search_path);
 }
 
 void settle_preprocessing() {

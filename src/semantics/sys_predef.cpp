@@ -13,6 +13,7 @@
 #include "il/il.h"
 #include "semantics/layout.h"
 #include "semantics/scope_stk.h"
+#include "semantics/scope_stk.h"
 #include "semantics/symbol_tbl.h"
 #include "semantics/target.h"
 #include "semantics/types.h"
@@ -282,6 +283,14 @@ a_type *make_va_list_type() {
   symbol->variant.type = type;
   set_source_corresp(type, symbol);
   add_to_types_list(type, 0);
+  push_scope(sck_class, new_scope_number, type, nullptr);
+  constexpr char member[] = "__ap";
+  a_symbol *field_symbol =
+      full_enter_symbol(syk_field, find_symbol_header(member, std::strlen(member)),
+                        &null_source_position, depth_scope_stack, 0);
+  field_symbol->variant.field = field;
+  set_source_corresp_with_scope_depth(field, field_symbol, depth_scope_stack);
+  pop_scope();
   switch_back_to_original_region(saved);
   return type;
 }

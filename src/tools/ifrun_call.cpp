@@ -11,6 +11,7 @@ constexpr std::uint32_t max_frames = 150000;
 }
 
 std::string a_machine::where() const {
+  if (!error_place.empty()) return error_place;
   if (frame == nullptr) return "before main";
   std::string text = "in " + frame->code->name;
   const PSN *psn = nullptr;
@@ -138,6 +139,10 @@ a_value a_machine::run(a_routine_code *code, const an_argument_list &arguments,
       frame = &activation;
       activation.step = jump.step;
       returned_jumps[jump.buffer] = jump.value;
+    } catch (const a_run_error &) {
+      // The innermost frame is the first to see it.
+      if (error_place.empty()) error_place = where();
+      throw;
     }
   }
   memory.map(activation.base, old_pointer - activation.base, a_memory::unmapped);

@@ -233,10 +233,11 @@ class a_machine {
                        const a_shape &result);
   a_callee *callee_at(std::uint32_t address);
   a_value evaluate(an_xnode *node);
-  std::string where() const;  // the routine, file and line that run now
+  std::string where() const;  // the routine, file and line that run now, or where the fault was
 
   // State of the running program.
   a_frame *frame = nullptr;
+  std::string error_place;  // of the fault that ends the run
   std::uint32_t stack_pointer = 0, stack_low = 0;
   std::unordered_map<std::uint32_t, a_long_jump> jump_buffers;
   std::unordered_map<std::uint32_t, int> returned_jumps;  // value that setjmp gives next
