@@ -8,9 +8,12 @@
 #include "driver/mem_manage.h"
 
 #include <algorithm>
+#include <bit>
 #include <climits>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 
 #include "DIAG/error.h"
 #include "UTIL/basics.h"
@@ -34,7 +37,9 @@ namespace {
 constexpr std::size_t table_step = 2048;
 constexpr int max_parallel_tables = 8;
 
-a_mem_block *free_mem_blocks;
+// Free blocks by the power of two that their size reaches.
+constexpr int num_size_classes = 48;
+a_mem_block *free_mem_blocks[num_size_classes];
 void **parallel_tables[max_parallel_tables];
 void ***parallel_table_addresses[max_parallel_tables];
 int num_parallel_tables;
@@ -65,53 +70,98 @@ bool block_is_whole(const a_mem_block *block) {
 }
 
 void init_block(a_mem_block *block, char *end, std::size_t total_size) {
+  *block = {};
   block->start = reinterpret_cast<char *>(block) + sizeof(a_mem_block);
   block->next_free = block->start;
   block->end = end;
   block->total_size = total_size;
-  block->trimmed = false;
+  block->is_last = true;
 }
 
-// Merges two blocks if the second begins where the first ends and was once split off from it.
-bool merge_neighbours(a_mem_block *lower, a_mem_block *higher) {
-  if (lower->end != reinterpret_cast<char *>(higher) || higher->total_size != 0) return false;
+// ---- Free blocks -------------------------------------------------------------------------------
+
+int size_class(std::size_t size) {
+  return static_cast<int>(std::bit_width(size)) - 1;
+}
+
+void link_free_block(a_mem_block *block) {
+  a_mem_block **head = &free_mem_blocks[size_class(size_of_block(block))];
+  block->prev_free = nullptr;
+  block->next = *head;
+  if (*head != nullptr) (*head)->prev_free = block;
+  *head = block;
+  block->is_free = true;
+}
+
+void unlink_free_block(a_mem_block *block) {
+  a_mem_block **head = &free_mem_blocks[size_class(size_of_block(block))];
+  (block->prev_free != nullptr ? block->prev_free->next : *head) = block->next;
+  if (block->next != nullptr) block->next->prev_free = block->prev_free;
+  block->is_free = false;
+}
+
+a_mem_block *piece_behind(a_mem_block *block) {
+  return block->is_last ? nullptr : reinterpret_cast<a_mem_block *>(block->end);
+}
+
+// The higher piece becomes part of the lower one, which lies in front of it.
+void merge_pieces(a_mem_block *lower, a_mem_block *higher) {
   lower->end = higher->end;
-  return true;
+  lower->is_last = higher->is_last;
+  if (a_mem_block *behind = piece_behind(lower)) behind->lower = lower;
 }
 
-// Gives a block back: to the system when it is whole, else to the list of free blocks.
+// Gives a block back: to the system when it is whole, else to the lists of free blocks.
 void release_block(a_mem_block *block) {
   if (free_blocks_to_system) {
+    a_mem_block *behind = piece_behind(block);
+    if (behind != nullptr && behind->is_free) {
+      unlink_free_block(behind);
+      merge_pieces(block, behind);
+    }
+    if (block->lower != nullptr && block->lower->is_free) {
+      a_mem_block *lower = block->lower;
+      unlink_free_block(lower);
+      merge_pieces(lower, block);
+      block = lower;
+    }
     if (block_is_whole(block)) {
       std::free(block);
       return;
     }
-    a_mem_block **link = &free_mem_blocks;
-    while (*link != nullptr) {
-      a_mem_block *other = *link;
-      a_mem_block *after = other->next;
-      if (merge_neighbours(other, block)) {
-        block = other;
-      } else if (!merge_neighbours(block, other)) {
-        link = &other->next;
-        continue;
-      }
-      *link = after;
-      if (block_is_whole(block)) {
-        std::free(block);
-        return;
-      }
+  }
+  link_free_block(block);
+}
+
+// A free block of at least needed bytes and not more than limit, out of its list; null: none.
+a_mem_block *take_free_block(std::size_t needed, std::size_t limit) {
+  int least = size_class(needed);
+  int last = std::min(size_class(limit), num_size_classes - 1);
+  for (int i = least; i <= last; i++) {
+    // Blocks of the first class may be too small, those of the last one too large: a few are tried.
+    int tries = 8;
+    for (a_mem_block *block = free_mem_blocks[i]; block != nullptr && tries-- > 0;
+         block = block->next) {
+      const std::size_t available = size_of_block(block);
+      if (available < needed || available > limit) continue;
+      unlink_free_block(block);
+      block->next_free = block->start;
+      block->trimmed = false;
+      return block;
     }
   }
-  block->next = free_mem_blocks;
-  free_mem_blocks = block;
+  return nullptr;
 }
 
 void split_off_tail_if_worth(a_mem_block *block) {
   if (static_cast<std::size_t>(block->end - block->next_free) < min_tail_to_split) return;
   auto *tail = reinterpret_cast<a_mem_block *>(block->next_free);
   init_block(tail, block->end, 0);
+  tail->lower = block;
+  tail->is_last = block->is_last;
+  if (a_mem_block *behind = piece_behind(tail)) behind->lower = tail;
   block->end = block->next_free;
+  block->is_last = false;
   release_block(tail);
 }
 
@@ -119,17 +169,7 @@ void split_off_tail_if_worth(a_mem_block *block) {
 a_mem_block *alloc_mem_block(a_memory_region_number region, std::size_t size, bool small) {
   const std::size_t minimum = small ? small_mem_block_size : large_mem_block_size;
   const std::size_t needed = size + sizeof(a_mem_block);
-  a_mem_block *block = nullptr;
-  for (a_mem_block **link = &free_mem_blocks; *link != nullptr; link = &(*link)->next) {
-    const std::size_t available = size_of_block(*link);
-    if (available >= needed && (!small || available <= minimum)) {
-      block = *link;
-      *link = block->next;
-      block->next_free = block->start;
-      block->trimmed = false;
-      break;
-    }
-  }
+  a_mem_block *block = take_free_block(needed, small ? minimum : SIZE_MAX);
   if (block == nullptr) {
     const std::size_t total = (std::max(needed, minimum) + 7) & ~std::size_t{7};
     block = static_cast<a_mem_block *>(malloc_or_stop(total));
@@ -277,13 +317,15 @@ void free_all_memory_regions() {
   for (a_memory_region_number region = highest_used_region_number; region >= 0; --region) {
     unlink_pieces(&mem_region_table[region]);
   }
-  unlink_pieces(&free_mem_blocks);
+  for (a_mem_block *&head : free_mem_blocks)
+    unlink_pieces(&head);
   for (a_memory_region_number region = 0; region <= highest_used_region_number; ++region) {
     free_chain(&mem_region_table[region]);
     for (int i = 0; i < num_parallel_tables; ++i)
       parallel_tables[i][region] = nullptr;
   }
-  free_chain(&free_mem_blocks);
+  for (a_mem_block *&head : free_mem_blocks)
+    free_chain(&head);
 }
 
 // ---- General memory ----------------------------------------------------------------------------
@@ -417,7 +459,7 @@ void mem_manage_early_init() {
   size_of_function_def_table = 0;
   highest_used_function_def_number = 0;
   num_parallel_tables = 0;
-  free_mem_blocks = nullptr;
+  std::fill(std::begin(free_mem_blocks), std::end(free_mem_blocks), nullptr);
 }
 
 void mem_manage_one_time_init() {

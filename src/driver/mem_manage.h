@@ -29,9 +29,13 @@ struct a_mem_block {
   char *next_free;         // next byte to hand out
   char *end;               // one past the last byte
   std::size_t total_size;  // of the whole allocation that begins here; 0: split off from another
+  a_mem_block *prev_free;  // in the list of free blocks
+  a_mem_block *lower;      // the piece in front of it in the same allocation; null: none
   bool trimmed;            // nothing more is expected here
+  bool is_free;
+  bool is_last;  // no piece of the same allocation lies behind it
 };
-static_assert(sizeof(a_mem_block) == 48);
+static_assert(sizeof(a_mem_block) == 64);
 
 // What is kept for each function definition: its scope, and the region that holds its body.
 struct a_function_def_entry {
