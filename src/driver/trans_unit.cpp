@@ -54,7 +54,7 @@ void translation_unit_wrapup() {
   lower_functions_waiting_for_module_id();
 }
 
-void process_translation_unit(const char *name, int is_primary, an_exported_template_file *file) {
+void begin_translation_unit(const char *name, int is_primary, an_exported_template_file *file) {
   if (curr_translation_unit != nullptr) save_trans_unit_variables(curr_translation_unit);
   pos_curr_token = null_source_position;
   error_position = null_source_position;
@@ -71,7 +71,10 @@ void process_translation_unit(const char *name, int is_primary, an_exported_temp
   push_translation_unit_stack(unit);
   fe_translation_unit_init();
   unit->file_scope_region_number = file_scope_region_number;
+}
 
+void process_translation_unit(const char *name, int is_primary, an_exported_template_file *file) {
+  begin_translation_unit(name, is_primary, file);
   fe_init_part_2();
   if (do_preprocessing_only) {
     cpp_driver();

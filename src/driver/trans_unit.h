@@ -67,6 +67,9 @@ void register_trans_unit_variable(T *variable) {
 }
 void fix_up_translation_unit(a_translation_unit *unit);
 
+// Makes the unit's record, initialises all modules for it and opens its file scope; no file is
+// read.
+void begin_translation_unit(const char *name, int is_primary, an_exported_template_file *file);
 // Reads one unit from its first token to its end.
 void process_translation_unit(const char *name, int is_primary, an_exported_template_file *file);
 

@@ -76,7 +76,9 @@ std::string include_list() {
   std::string result;
   for (auto *entry = incl_search_path; entry != nullptr; entry = entry->next) {
     result += std::string(entry->is_system ? "<" : "\"") + entry->name + " ";
-    if (entry->next == nullptr) EXPECT_EQ(end_incl_search_path, entry);
+    if (entry->next == nullptr) {
+      EXPECT_EQ(end_incl_search_path, entry);
+    }
   }
   return result;
 }

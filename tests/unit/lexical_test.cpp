@@ -11,6 +11,7 @@
 #include "driver/fe_init.h"
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
+#include "driver/trans_unit.h"
 #include "il/il_expr.h"
 #include "semantics/const_ints.h"
 #include "semantics/float_pt.h"
@@ -32,9 +33,9 @@ class Lexical : public ::testing::Test {
     std_version = 201112;
     long_long_promotion_allowed = true;
     hex_floating_point_constants_allowed = universal_character_names_allowed = true;
+    primary_source_file_name = "none.c";
     fe_one_time_init();
-    fe_init_part_1();
-    fe_translation_unit_init();
+    begin_translation_unit(primary_source_file_name, 1, nullptr);
   }
   void TearDown() override { close(); }
 

@@ -32,10 +32,9 @@ class Preproc : public ::testing::Test {
     trigraphs_allowed = false;
     variadic_macros_allowed = extended_variadic_macros_allowed = true;
     end_of_line_comments_allowed = true;
-    primary_source_file_name = trans_unit_file_name = "none.c";
+    primary_source_file_name = "none.c";
     fe_one_time_init();
-    fe_init_part_1();
-    fe_translation_unit_init();
+    begin_translation_unit(primary_source_file_name, 1, nullptr);
     fixup_predefined_macros("Mon Nov 23 02:04:05 2026\n");
     char name[] = "/tmp/preproc_test_XXXXXX";
     directory = mkdtemp(name);
