@@ -11,6 +11,11 @@
 
 namespace {
 
+// The type of the object that a node names, with its qualifiers, also where its value was taken.
+a_type *type_of_place(const an_expr_node *expr) {
+  return expr->orig_lvalue_type != nullptr ? expr->orig_lvalue_type : expr->type;
+}
+
 [[noreturn]] void no_row(const an_expr_node *expr) {
   unexpected_state(expr->kind == enk_operation ? expr_operator_names[expr->op]
                                                : expr_node_kind_names[expr->kind]);
@@ -141,12 +146,13 @@ void generate_selection(an_expr_node *expr, bool by_pointer) {
   a_type *class_type = f_skip_typerefs(object->type);
   if (by_pointer) class_type = f_skip_typerefs(class_type->pointed_to);
   if (scalar_csu(class_type) != nullptr) {
-    if (by_pointer) put(op_UMULT, tp_type(expr->type));
+    if (by_pointer) put(op_UMULT, tp_type(type_of_place(expr)));
     generate_expression(object);
     return;
   }
   tp_type(class_type);  // the numbers of the members are known from here on
-  put(by_pointer ? op_STREF : op_STDOT, tp_type(bit_field_container_type(field, expr->type)));
+  put(by_pointer ? op_STREF : op_STDOT,
+      tp_type(bit_field_container_type(field, type_of_place(expr))));
   generate_expression(object);
   put_field(field, class_type);
 }
@@ -219,6 +225,7 @@ void generate_operation(an_expr_node *expr, a_type *wanted) {
       return;
     case eok_indirect:
     case eok_reference_indirect:
+      if (wanted == expr->type) type = tp_type(type_of_place(expr));
       if (!type_has_kind(wanted, tk_routine)) put(op_UMULT, type);
       generate_expression(first_operand(expr));
       return;
@@ -462,7 +469,7 @@ void generate_expression(an_expr_node *expr, a_type *wanted_type) {
       if (variable->storage_class == sc_static && variable->is_local_to_routine &&
           !variable->is_promoted_local_static)
         promote_local_static(variable, current_routine);
-      put_name(symbol_of_variable(variable), tp_type(expr->type));
+      put_name(symbol_of_variable(variable), tp_type(type_of_place(expr)));
       return;
     }
     case enk_routine: {

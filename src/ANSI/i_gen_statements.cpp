@@ -76,10 +76,12 @@ void generate_increment(an_expr_node *increment) {
 
 // while and for. A small condition is written twice, as a guard and behind the body; a larger one
 // once, behind the body, where the loop is entered.
-// Begins a block when the scope has something to declare.
+// Begins a block when the scope has something to declare. What the outermost block of a function
+// declares stands among the locals of the function.
 bool open_block(a_scope *scope) {
-  if (scope == nullptr || (scope->variables == nullptr && scope->local_variables == nullptr &&
-                           scope->pragmas == nullptr))
+  if (scope == nullptr || scope->kind == sck_function ||
+      (scope->variables == nullptr && scope->local_variables == nullptr &&
+       scope->pragmas == nullptr))
     return false;
   i_file->if_write_control(ifr_begin_block, &current_psn);
   generate_block_symbols(scope);
