@@ -54,9 +54,6 @@ class SYMTAB final : public I_SYMTAB {
 // counted; then no file is left.
 void back_end();
 
-// The scalar type that stands for a class with one member; null: it stays a class.
-a_type *scalar_csu(a_type *type);
-
 // The name of the primary source file for the header of the file.
 void i_set_trans_unit_name(const char *name);
 

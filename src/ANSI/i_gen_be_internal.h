@@ -21,8 +21,6 @@ extern std::vector<a_variable *> promoted_statics;  // local statics that became
 // ---- Types (i_gen_types.cpp) -------------------------------------------------------------------
 
 TYPE *tp_type(a_type *type);
-// The type that a class stands for as a scalar, or null.
-a_type *scalar_csu(a_type *type);
 const PSN *make_psn(const a_source_position &position);
 void set_current_psn(const a_source_position &position);
 void reset_type_cache();

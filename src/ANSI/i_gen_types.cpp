@@ -195,20 +195,6 @@ TYPE *tp_type(a_type *type) {
   return remember(type, translate(type));
 }
 
-a_type *scalar_csu(a_type *type) {
-  if (!scalar_replacement) return nullptr;
-  type = f_skip_typerefs(type);
-  if (!is_class_struct_union_type(type) || type->is_incomplete) return nullptr;
-  a_field *field = type->fields;
-  if (type->kind == tk_union || field == nullptr || field->next != nullptr || field->is_bit_field)
-    return nullptr;
-  a_type *field_type = f_skip_typerefs(field->type);
-  bool scalar = field_type->kind == tk_integer || field_type->kind == tk_float;
-  return scalar && field_type->size == type->size && field_type->alignment == type->alignment
-             ? field->type
-             : nullptr;
-}
-
 const PSN *make_psn(const a_source_position &position) {
   if (position.seq == 0) return nullptr;
   const char *name, *full_name;

@@ -6,7 +6,6 @@
 //   element:       tag
 //                  number
 #include "DIAG/error.h"
-#include "il/src_seq.h"
 #include "semantics/const_ints.h"
 #include "source/lexical.h"
 

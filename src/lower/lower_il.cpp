@@ -15,7 +15,6 @@
 #include "lower/lower_c99.h"
 #include "lower/lower_internal.h"
 #include "lower/lower_name.h"
-#include "semantics/scope_stk.h"
 #include "semantics/types.h"
 
 bool il_lowering_underway;

@@ -5,7 +5,6 @@
 
 #include "DIAG/error.h"
 #include "TYPES/type_pkg.h"
-#include "driver/cfe.h"
 #include "driver/host_envir.h"
 #include "driver/mem_manage.h"
 #include "driver/signals.h"

@@ -2,7 +2,6 @@
 // first; an error type answers no to all of them.
 #include "semantics/types.h"
 
-#include "ANSI/i_gen_be.h"
 #include "DIAG/error.h"
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
@@ -332,6 +331,20 @@ bool is_abstract_class_type(const a_type *type) {
 bool is_std_initializer_list_type(const a_type *type) {
   type = skip_typerefs(type);
   return is_class_kind(type->kind) && type->class_flags.is_std_initializer_list;
+}
+
+a_type *scalar_csu(a_type *type) {
+  if (!scalar_replacement) return nullptr;
+  type = f_skip_typerefs(type);
+  if (!is_class_struct_union_type(type) || type->is_incomplete) return nullptr;
+  a_field *field = type->fields;
+  if (type->kind == tk_union || field == nullptr || field->next != nullptr || field->is_bit_field)
+    return nullptr;
+  a_type *field_type = f_skip_typerefs(field->type);
+  bool scalar = field_type->kind == tk_integer || field_type->kind == tk_float;
+  return scalar && field_type->size == type->size && field_type->alignment == type->alignment
+             ? field->type
+             : nullptr;
 }
 
 bool is_passed_by_ref_type(const a_type *type) {

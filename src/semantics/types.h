@@ -224,6 +224,8 @@ bool is_polymorphic_class_type(const a_type *type);
 bool is_abstract_class_type(const a_type *type);
 bool is_auto_type(const a_type *type);
 bool is_std_initializer_list_type(const a_type *type);
+// The scalar type that stands for a class with one member; null: it stays a class.
+a_type *scalar_csu(a_type *type);
 bool is_passed_by_ref_type(const a_type *type);
 bool is_qx_wildcard_type(const a_type *type);
 bool is_template_dependent_type(const a_type *type);  // false at once in C

@@ -156,6 +156,9 @@ void flush_to_end_of_arg_list();
 
 // ---- Token caches ------------------------------------------------------------------------------
 
+// To be called when the pragmas or caches in front of the stream have changed.
+void update_initial_get_token_tests();
+
 struct a_token_cache {
   std::uint64_t first;  // a word kept for the caller
   a_cached_token *head;

@@ -71,7 +71,6 @@ struct a_lexical_state_stack_entry {
   bool saved_caching_tokens;
 };
 
-void update_initial_get_token_tests();
 // The next token from the caches; false: the text is next.
 bool get_cached_token();
 // Records the current token in the cache of the lexical state.

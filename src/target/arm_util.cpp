@@ -5,7 +5,6 @@
 #include <cstring>
 #include <initializer_list>
 
-#include "ANSI/i_gen_be.h"
 #include "DIAG/error.h"
 #include "driver/switches.h"
 #include "il/il.h"

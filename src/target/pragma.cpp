@@ -16,7 +16,7 @@
 #include "semantics/scope_stk.h"
 #include "semantics/symbol_tbl.h"
 #include "source/input_stack.h"
-#include "source/lexical_internal.h"
+#include "source/lexical.h"
 #include "target/pragma_internal.h"
 
 const char *const pragma_ids[prk_last] = {

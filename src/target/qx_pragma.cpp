@@ -11,7 +11,6 @@
 
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
-#include "ifile/if_util.h"
 #include "il/il.h"
 #include "il/il_walk.h"
 #include "parser/expr.h"
