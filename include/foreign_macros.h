@@ -34,8 +34,10 @@
 #define __PTRDIFF_TYPE__ int
 #define __WCHAR_TYPE__ __WCHAR_T_TYPE__
 #define __WINT_TYPE__ unsigned int
+#ifndef __CHAR16_TYPE__ /* the GNU modes have them */
 #define __CHAR16_TYPE__ unsigned short
 #define __CHAR32_TYPE__ unsigned int
+#endif
 
 #define __INT8_TYPE__ signed char
 #define __UINT8_TYPE__ unsigned char

@@ -50,6 +50,11 @@ void become(an_expr_node *call, an_expr_node *value) {
   replace_node(call, value);
 }
 
+// Only the effects of a value are wanted.
+void become_void(an_expr_node *call, an_expr_node *value) {
+  replace_node(call, add_cast(value, void_type()));
+}
+
 // ---- Runtime routines and intrinsics -----------------------------------------------------------
 
 void become_runtime_call(an_expr_node *call, const char *name, a_type *result, a_type *first,
@@ -500,6 +505,9 @@ void lower_builtin_operation(an_expr_node *call, int builtin) {
       break;
     case bi_frame_address:
       lower_frame_address(call);
+      break;
+    case bi_prefetch:
+      become_void(call, argument(call, 1));
       break;
     case bi_memcpy:
       become_memory_copy(call);

@@ -123,7 +123,11 @@ bool resolve_alias(const an_alias_fixup &fixup) {
   }
   if (is_routine)
     return link_alias(fixup, fixup.symbol->variant.routine, target->variant.routine, iek_routine);
-  return link_alias(fixup, fixup.symbol->variant.variable, target->variant.variable, iek_variable);
+  if (!link_alias(fixup, fixup.symbol->variant.variable, target->variant.variable, iek_variable))
+    return false;
+  // The intermediate file has no form for it.
+  pos_st_error(ec_not_supported, &fixup.position, "an alias of a variable is");
+  return false;
 }
 
 void apply_redefined_names() {

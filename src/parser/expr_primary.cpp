@@ -1,4 +1,6 @@
 // Primary expressions: names, literals, and what begins with a parenthesis.
+#include <cstring>
+
 #include "driver/switches.h"
 #include "il/il.h"
 #include "parser/decl_inits.h"
@@ -82,6 +84,11 @@ a_symbol *symbol_of_undeclared_name(a_symbol_locator *locator) {
   if (name[0] == '_') {
     a_symbol *builtin = load_matching_builtin_function(locator->header);
     if (builtin != nullptr) return locator->symbol = builtin;
+    if (builtin_functions_enabled && std::strncmp(name, "__builtin_", 10) == 0 &&
+        next_token() == tok_lparen) {
+      expr_pos_st_error(ec_gcc_builtin_not_supported, &locator->position, name);
+      return enter_undefined_symbol(locator);
+    }
   }
   bool strict_error = std_version >= 199901 && strict_ansi_mode;
   if (!in_cplusplus() && !strict_error && next_token() == tok_lparen) {

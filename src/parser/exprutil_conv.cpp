@@ -43,7 +43,8 @@ void cast_operand(a_type *type, an_operand *operand, bool is_implicit) {
   type = make_unqualified_type(type);
   if (identical_types(type, operand->type)) {
     if (!is_implicit && operand->kind == ok_constant) operand->type = operand->constant.type = type;
-    return;
+    // The value of a bit-field that was cast promotes like any other of its type.
+    if (is_implicit || bit_field_of_operand(operand) == nullptr) return;
   }
   bool scalar = is_scalar_type(type) && is_scalar_type(operand->type);
   if (operand->kind == ok_constant && scalar && cast_constant_operand(type, operand, is_implicit))

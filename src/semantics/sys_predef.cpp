@@ -13,7 +13,6 @@
 #include "il/il.h"
 #include "semantics/layout.h"
 #include "semantics/scope_stk.h"
-#include "semantics/scope_stk.h"
 #include "semantics/symbol_tbl.h"
 #include "semantics/target.h"
 #include "semantics/types.h"
@@ -49,6 +48,7 @@ constexpr a_builtin_row gnu_rows[] = {
   {"__atomic_" #name, id, bc_##condition, false, signature},
 #define SYNC_BUILTIN(name, id, condition, signature) \
   {"__sync_" #name, id, bc_##condition, false, signature},
+#define LIBRARY_BUILTIN(name, signature) {"__builtin_" #name, bi_none, bc_always, false, signature},
 #include "target/builtins.def"
 };
 
@@ -205,6 +205,8 @@ a_symbol *declare_builtin(const a_builtin_row &row) {
   routine->name_linkage = nlk_external_c;
   routine->name_linkage_set = true;
   a_symbol *symbol = make_predeclared_function_symbol(row.name, routine);
+  // A function of the library goes by its own name from here on.
+  if (row.id == bi_none) routine->name = row.name + std::strlen("__builtin_");
   add_to_routines_list(routine, 0);
   check_misra_c_2004 = saved_misra;
   check_pwa = saved_pwa;
