@@ -21,6 +21,7 @@
 #include "driver/signals.h"
 #include "driver/switches.h"
 #include "driver/trans_unit.h"
+#include "il/il_check.h"
 #include "options/cmd_line.h"
 
 int sys_argc;
@@ -46,6 +47,7 @@ void show_time_since(const char *label, const a_timer &start) {
 void generate_code() {
   a_timer start;
   get_timer(&start);
+  check_il_or_stop(icp_before_emission);
   back_end();
   if (display_compilation_time) show_time_since("Back end time", start);
 }

@@ -13,6 +13,7 @@
 #include "driver/trans_unit.h"
 #include "il/il.h"
 #include "il/il_alloc.h"
+#include "il/il_check.h"
 #include "il/il_walk.h"
 #include "lower/lower_il.h"
 #include "lower/lower_name.h"
@@ -84,8 +85,10 @@ void fe_wrapup() {
   }
   if (list_macro_definitions) gen_pp_output_for_macro_definitions();
   end_of_unit_step(primary);
+  check_il_or_stop(icp_after_parsing);
   lower_delayed_functions();
   end_of_file_scope_step(primary);
+  if (total_errors == 0) check_il_or_stop(icp_after_lowering);
 
   close_output_file_with_error_handling(&f_pp_output, ect_1787);
   if (pp_file_name != nullptr) forget_begun_output(pp_file_name);

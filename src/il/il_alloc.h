@@ -226,6 +226,8 @@ void clear_name_reference(a_name_reference *reference);
 
 void add_to_types_list(a_type *type, int depth);
 void add_to_variables_list(a_variable *variable, int depth);
+// Into the list behind previous, or at its head (previous null); the scope may be open or not.
+void insert_in_variables_list(a_variable *variable, a_variable *previous, a_scope *scope);
 void add_to_parameters_list(a_variable *variable, int depth);
 void add_to_routines_list(a_routine *routine, int depth);
 void add_to_constants_list(a_constant *constant, bool at_file_scope);

@@ -46,11 +46,6 @@ void filter_constants(a_constant **head, a_constant **open_tail) {
   if (open_tail != nullptr) *open_tail = last;
 }
 
-a_scope_pointers_block *open_pointers_of(a_scope *scope) {
-  if (scope->stack_depth < 0 || scope->stack_depth > depth_scope_stack) return nullptr;
-  return scope_stack[scope->stack_depth].pointers;
-}
-
 template <class T>
 void remove_from_list(T *entry, T **head, T **open_tail) {
   T *previous = nullptr;

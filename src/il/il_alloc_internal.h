@@ -40,6 +40,9 @@ inline T *alloc_fs_record_with_head() {
   return set_head(alloc_fs_record<T>());
 }
 
+// The tails of the lists of a scope that is on the scope stack; null: it is not.
+a_scope_pointers_block *open_pointers_of(a_scope *scope);
+
 void il_constants_one_time_init();
 void il_constants_trans_unit_init();
 

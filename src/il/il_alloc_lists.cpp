@@ -129,6 +129,11 @@ an_expr_node *find_local_expr_node_in_scope(const void *entry, a_local_expr_ref_
   return nullptr;
 }
 
+a_scope_pointers_block *open_pointers_of(a_scope *scope) {
+  if (scope->stack_depth < 0 || scope->stack_depth > depth_scope_stack) return nullptr;
+  return scope_stack[scope->stack_depth].pointers;
+}
+
 // ---- The lists of scopes -----------------------------------------------------------------------
 
 void add_to_types_list(a_type *type, int depth) {
@@ -146,6 +151,19 @@ void add_to_variables_list(a_variable *variable, int depth) {
     append_to_list(variable, &scope->local_variables, &entry.pointers->local_variables_tail);
   else
     append_to_list(variable, &scope->variables, &entry.pointers->variables_tail);
+  set_parent_scope(variable, iek_variable, scope);
+}
+
+void insert_in_variables_list(a_variable *variable, a_variable *previous, a_scope *scope) {
+  bool is_local = variable->storage_class >= sc_auto;
+  a_variable *&head = is_local ? scope->local_variables : scope->variables;
+  a_variable *&link = previous != nullptr ? previous->next : head;
+  variable->next = link;
+  link = variable;
+  if (a_scope_pointers_block *open = open_pointers_of(scope)) {
+    a_variable *&tail = is_local ? open->local_variables_tail : open->variables_tail;
+    if (tail == previous) tail = variable;
+  }
   set_parent_scope(variable, iek_variable, scope);
 }
 

@@ -140,7 +140,7 @@ void check_node(const an_expr_node *node) {
   if (node->type == nullptr && node->kind != enk_field)
     report("a node has no type", iek_expr_node, node);
   if (node->kind == enk_operation) check_operands(node);
-  if (check.phase == icp_before_emission && is_unlowered_kind(node->kind))
+  if (check.phase != icp_after_parsing && is_unlowered_kind(node->kind))
     report(expr_node_kind_names[node->kind], iek_expr_node, node);
 }
 
@@ -282,6 +282,24 @@ int check_function_il(a_routine *routine, an_il_check_phase phase, std::FILE *ou
   return check.faults;
 }
 
+namespace {
+
+#ifdef NDEBUG
+constexpr bool phases_are_checked = false;
+#else
+constexpr bool phases_are_checked = true;
+#endif
+
+void stop_on_faults(int faults) {
+  if (faults != 0) unexpected_state("the intermediate language is not consistent");
+}
+
+}  // namespace
+
 void check_il_or_stop(an_il_check_phase phase) {
-  if (check_il(phase, stderr) != 0) unexpected_state("the intermediate language is not consistent");
+  if (phases_are_checked) stop_on_faults(check_il(phase, stderr));
+}
+
+void check_function_il_or_stop(a_routine *routine, an_il_check_phase phase) {
+  if (phases_are_checked) stop_on_faults(check_function_il(routine, phase, stderr));
 }

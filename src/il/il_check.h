@@ -16,7 +16,9 @@ enum an_il_check_phase { icp_after_parsing, icp_after_lowering, icp_before_emiss
 int check_il(an_il_check_phase phase, std::FILE *out);
 // One function body.
 int check_function_il(a_routine *routine, an_il_check_phase phase, std::FILE *out);
-// Stops with an internal error when there is a fault.
+// The calls between the phases: they stop with an internal error when there is a fault. A release
+// build checks nothing here.
 void check_il_or_stop(an_il_check_phase phase);
+void check_function_il_or_stop(a_routine *routine, an_il_check_phase phase);
 
 #endif

@@ -78,6 +78,8 @@ struct a_copier {
 
   a_constant *deep_copy(const a_constant *constant) {
     a_constant *copy = shallow_copy(constant);
+    if (copy->expr != nullptr && goes_to_file_scope() && !in_file_scope_region(copy->expr))
+      copy->expr = nullptr;
     visit_constant_value(copy, *this);
     if (copy->kind == ck_aggregate) {
       a_constant *last = copy->first_element;
@@ -88,8 +90,14 @@ struct a_copier {
     return copy;
   }
 
-  // Compound constants may hold initializations; all others are shared.
-  static bool constant_is_copied(const a_constant *constant) {
+  bool goes_to_file_scope() const {
+    return (flags & ctf_into_file_scope) != 0 || curr_il_region_number == file_scope_region_number;
+  }
+
+  // Compound constants may hold initializations; all others are shared, unless they end with a
+  // function and the copy does not.
+  bool constant_is_copied(const a_constant *constant) const {
+    if (goes_to_file_scope() && !in_file_scope_region(constant)) return true;
     switch (constant->kind) {
       case ck_aggregate:
       case ck_repeat:

@@ -336,9 +336,7 @@ a_variable *assoc_var_for_constant(a_constant *constant) {
     variable->is_local_to_routine = true;
     variable->enclosing_routine = lowered_routine;
   }
-  variable->next = scope->variables;
-  scope->variables = variable;
-  set_parent_scope(variable, iek_variable, scope);
+  insert_in_variables_list(variable, nullptr, scope);
   switch_back_to_original_region(saved);
   return variable;
 }

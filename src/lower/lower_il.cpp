@@ -139,12 +139,8 @@ a_variable *make_local_temporary(a_type *type) {
   variable->is_temporary = variable->is_compiler_generated = true;
   variable->defined = true;
   // Those of a function stand in front of its own variables, in the order in which they were made.
-  a_variable *&link =
-      last_temporary == nullptr ? lowered_scope->local_variables : last_temporary->next;
-  variable->next = link;
-  link = variable;
+  insert_in_variables_list(variable, last_temporary, lowered_scope);
   last_temporary = variable;
-  set_parent_scope(variable, iek_variable, lowered_scope);
   return variable;
 }
 

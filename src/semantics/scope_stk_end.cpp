@@ -8,6 +8,7 @@
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
 #include "il/il_alloc.h"
+#include "il/il_check.h"
 #include "il/il_entity.h"
 #include "il/il_kinds.h"
 #include "il/il_walk.h"
@@ -125,7 +126,10 @@ void finish_function_processing_for_function_def(int function_def_number) {
   const a_function_def_entry &entry = function_def_table[function_def_number];
   if (entry.scope == nullptr || mem_region_table[entry.region] == nullptr) return;
   a_routine *routine = entry.scope->assoc.routine;
-  if (!routine->body_lowered) lower_function_scope(routine, entry.scope);
+  if (routine->body_lowered) return;
+  check_function_il_or_stop(routine, icp_after_parsing);
+  lower_function_scope(routine, entry.scope);
+  if (total_errors == 0) check_function_il_or_stop(routine, icp_after_lowering);
 }
 
 // Namespaces that were closed and may have been opened again are checked when the unit ends.

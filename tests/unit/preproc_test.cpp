@@ -7,7 +7,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <regex>
 #include <string>
 
 #include "DIAG/error.h"
@@ -81,9 +80,12 @@ class Preproc : public ::testing::Test {
     for (int c; (c = std::fgetc(f_error)) != EOF;)
       text += static_cast<char>(c);
     std::string numbers;
-    std::regex number("#([0-9]+)(-D)?:");
-    for (std::sregex_iterator i(text.begin(), text.end(), number), end; i != end; ++i)
-      numbers += (*i)[1].str() + " ";
+    for (std::size_t i = text.find('#'); i != std::string::npos; i = text.find('#', i + 1)) {
+      std::size_t end = text.find_first_not_of("0123456789", i + 1);
+      if (end == std::string::npos || end == i + 1) continue;
+      if (text[end] == ':' || text.compare(end, 3, "-D:") == 0)
+        numbers += text.substr(i + 1, end - i - 1) + " ";
+    }
     return numbers;
   }
 
