@@ -39,22 +39,19 @@ class a_walk {
     }
   }
 
+  // The class is one that is open and not full yet; else the next one in order; else one that is
+  // full already and gets a value once more.
   void move_to(const TYPE *csu, const fkMDATA *member) {
     csu = csu->stripped;
-    for (std::size_t i = stack.size(); i-- > 0;) {
-      if (stack[i].type != csu) continue;
-      stack.resize(i + 1);
-      stack[i].member = member;
+    if (return_to(csu, member, false)) return;
+    std::vector<an_open_aggregate> before = stack;
+    if (open_next(csu)) {
+      stack.back().member = member;
       return;
     }
-    close_finished();
-    do {
-      a_place_for_value place = next_part();
-      if (!is_aggregate(place.type))
-        bad_file("an initial value moves to a member out of its place");
-      open(place);
-    } while (stack.back().type != csu);
-    stack.back().member = member;
+    stack = before;
+    if (!return_to(csu, member, true))
+      bad_file("an initial value moves to a member out of its place");
   }
 
   void skip(std::uint64_t bytes) {
@@ -74,6 +71,28 @@ class a_walk {
   }
 
  private:
+  bool return_to(const TYPE *csu, const fkMDATA *member, bool even_if_full) {
+    for (std::size_t i = stack.size(); i-- > 0;) {
+      if (stack[i].type != csu || (is_finished(stack[i]) && !even_if_full)) continue;
+      stack.resize(i + 1);
+      stack[i].member = member;
+      return true;
+    }
+    return false;
+  }
+
+  // Opens what comes next down to the class; false: it does not begin there.
+  bool open_next(const TYPE *csu) {
+    close_finished();
+    if (stack.empty() && root_taken) return false;
+    do {
+      a_place_for_value place = next_part();
+      if (!is_aggregate(place.type)) return false;
+      open(place);
+    } while (stack.back().type != csu);
+    return true;
+  }
+
   // Takes the next part of the innermost open aggregate, or the variable itself.
   a_place_for_value next_part() {
     if (stack.empty()) {
