@@ -117,6 +117,7 @@ class IF_READER {
   std::vector<an_if_function> functions;
   std::vector<an_if_init> inits;
   std::vector<OPTION_SET> option_sets;
+  std::size_t size_in_bytes() const { return bytes.size(); }  // of the file
 
   struct a_cursor;  // of the reader's own rooms
 

@@ -318,9 +318,6 @@ void add_to_pointer(an_operand *pointer, an_operand *index, bool index_is_first,
     promote_operand(index);
     do_binary_operation(eok_ptr_add, pointer, index, make_unqualified_type(pointer->type), result,
                         position);
-    if (result->kind == ok_expression && result->expr->kind == enk_operation &&
-        result->expr->op == eok_ptr_add)
-      result->expr->array_is_second_operand = index_is_first;
   }
   result->start_pos = start;
   result->end_pos = end;

@@ -3,6 +3,7 @@
 // The walk keeps the open aggregates on a stack. A value goes to the next scalar in order, opening
 // aggregates on the way. FIELD moves to a member; SKIP closes the innermost aggregate whose
 // remaining parts have that many bytes; what gets no value stays zero.
+#include <algorithm>
 #include <vector>
 
 #include "tools/ifrun_machine.h"
@@ -151,19 +152,35 @@ class a_walk {
 
 }  // namespace
 
-void a_machine::fill_initial_value(const an_if_init &init) {
-  std::uint32_t base = place_of(init.symbol);
+namespace {
+
+// Calls take(node, place) for each value.
+template <class T>
+void for_each_value(const an_if_init &init, T take) {
   a_walk walk(init.symbol->type);
   for (const NODE *node : init.values) {
-    if (node->op == op_FIELD) {
+    if (node->op == op_FIELD)
       walk.move_to(node->csu, node->member);
-      continue;
-    }
-    if (node->op == op_SKIP) {
+    else if (node->op == op_SKIP)
       walk.skip(node->number);
-      continue;
-    }
-    a_place_for_value place = walk.next_place();
+    else
+      take(node, walk.next_place());
+  }
+}
+
+}  // namespace
+
+std::uint32_t a_machine::size_of_initial_value(const an_if_init &init) {
+  std::uint64_t bits = 0;
+  for_each_value(init, [&](const NODE *, const a_place_for_value &place) {
+    bits = std::max(bits, place.bit_offset + place.type->stripped->size);
+  });
+  return static_cast<std::uint32_t>((bits + 7) / 8);
+}
+
+void a_machine::fill_initial_value(const an_if_init &init) {
+  std::uint32_t base = place_of(init.symbol);
+  for_each_value(init, [&](const NODE *node, const a_place_for_value &place) {
     an_xnode *x = prepare_tree(node, nullptr);
     a_shape shape = shape_of(place.type);
     a_value value = convert(evaluate(x), x->shape, shape);
@@ -178,5 +195,5 @@ void a_machine::fill_initial_value(const an_if_init &init) {
       std::uint32_t address = base + static_cast<std::uint32_t>(place.bit_offset / 8);
       memory.store_value(address, shape, value);
     }
-  }
+  });
 }

@@ -35,6 +35,7 @@ a_machine::a_machine(std::uint32_t memory_size, std::uint32_t stack_size) : memo
   static_end = static_start;
   stack_pointer = memory_size - 64;
   stack_low = memory_size - stack_size;
+  static_limit = stack_low;
 }
 
 void a_machine::add_file(IF_READER *file) {
@@ -127,12 +128,19 @@ void a_machine::enter_symbols(IF_READER *file) {
 }
 
 void a_machine::lay_out_symbols(IF_READER *file) {
+  std::unordered_map<const IF_SYMBOL *, std::uint32_t> initial_sizes;
+  for (const an_if_init &init : file->inits)
+    initial_sizes[init.symbol] = size_of_initial_value(init);
   for (IF_SYMBOL *symbol : file->globals) {
     if (symbol->is_routine() || !symbol->is_defining()) continue;
     a_name *name = name_of(symbol);
     if (name->definition != symbol || name->address != 0) continue;
     std::uint32_t align = std::max(symbol->align / 8, 1u);
     name->size = static_cast<std::uint32_t>((symbol->size + 7) / 8);
+    // An initialized flexible array makes the variable larger than its type.
+    auto initial_size = initial_sizes.find(symbol);
+    if (initial_size != initial_sizes.end())
+      name->size = std::max(name->size, initial_size->second);
     name->address = alloc_static(name->size, align, a_memory::writable);
   }
 }
@@ -141,7 +149,7 @@ std::uint32_t a_machine::alloc_static(std::uint32_t size, std::uint32_t align,
                                       a_memory::a_state state) {
   static_end = (static_end + align - 1) & ~(align - 1);
   std::uint32_t address = static_end;
-  if (size > stack_low - static_end) bad_file("the program is too large for its memory");
+  if (size > static_limit - static_end) bad_file("the program is too large for its memory");
   memory.map(address, size, state);
   static_end += size + 8;  // a gap, so that running over the end is a fault
   return address;
@@ -222,7 +230,14 @@ void a_machine::link() {
           is_constant_type(symbol->type))
         memory.map(name->address, name->size, a_memory::read_only);
     }
-  memory.set_heap(static_end + 64, stack_low - 64);
+  // String literals get their places when the code that has them is prepared. A literal takes at
+  // most 4 bytes of memory for each byte of its record.
+  std::size_t room = 64;
+  for (IF_READER *file : files)
+    room += 4 * file->size_in_bytes();
+  if (room > stack_low - static_end) bad_file("the program is too large for its memory");
+  static_limit = static_end + static_cast<std::uint32_t>(room);
+  memory.set_heap(static_limit, stack_low - 64);
 }
 
 std::uint32_t a_machine::place_of(const IF_SYMBOL *symbol) {

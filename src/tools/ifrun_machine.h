@@ -251,7 +251,7 @@ class a_machine {
   std::uint32_t address_of_callee(a_callee *callee);
   std::uint32_t alloc_static(std::uint32_t size, std::uint32_t align, a_memory::a_state state);
   an_xnode *prepare_tree(const NODE *node, a_routine_code *code);
-  std::uint32_t static_end = 0;
+  std::uint32_t static_end = 0, static_limit = 0;  // of the static memory: used, and at most
 
  private:
   struct a_name {
@@ -269,6 +269,7 @@ class a_machine {
   void read_options_of(IF_READER *file);
   a_name *name_of(const IF_SYMBOL *symbol);
   void fill_initial_value(const an_if_init &init);
+  static std::uint32_t size_of_initial_value(const an_if_init &init);  // bytes that values reach
   void place_host_objects();
   // Preparing.
   void prepare(a_routine_code *code);

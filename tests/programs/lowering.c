@@ -162,6 +162,7 @@ int main(void) {
   printf("%s %s", overlaid.text[0], overlaid.text[1]);
   for (i = 0; i < 10; i++) printf(" %d", overlaid.v[i]);
   for (i = 0; i < 3; i++) printf(" %d/%d", overlaid.p[i].a, overlaid.p[i].b);
-  printf("\n%d %d\n", ({ int y = x; x = 9; y; }) + x, x ?: 3);
+  printf("\n%d", ({ int y = x; x = 9; y; }) + 9);
+  printf(" %d\n", x ?: 3);
   return 0;
 }

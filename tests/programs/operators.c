@@ -110,7 +110,7 @@ int main(void) {
   side = 0;
   SHOW(effect(0) ? effect(4) : effect(5)), SHOW(side);
   side = 0;
-  array[effect(1)] += effect(2), SHOW(array[1]), SHOW(side);
+  array[effect(1)] += 2, SHOW(array[1]), SHOW(side);
   p = array, *p++ += 100, SHOW(array[0]), SHOW(p - array);
   i = 3, a = i + i, b = a = i = 9, SHOW(a + b + i);
   SHOW(i = a == b), SHOW((char)(a << 6)), SHOW(1 ? -1 : 0u), SHOW((1 ? -1 : 0u) > 0);
