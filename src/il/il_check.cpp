@@ -109,23 +109,37 @@ void check_operands(const an_expr_node *node) {
   if (number_of_operands(node) < least) report(expr_operator_names[node->op], iek_expr_node, node);
 }
 
-// Node kinds that lowering takes away.
-bool is_unlowered_kind(an_expr_node_kind kind) {
+// What lowering leaves: the generator knows nothing else.
+bool is_lowered_kind(an_expr_node_kind kind) {
   switch (kind) {
-    case enk_new_delete:
-    case enk_lambda:
-    case enk_throw:
-    case enk_condition:
-    case enk_object_lifetime:
-    case enk_typeid:
-    case enk_noexcept:
-    case enk_dependent_operation:
-    case enk_template_dependent:
-    case enk_init_list:
-    case enk_fold:
-    case enk_unresolved_call:
-    case enk_temp_init:
-    case enk_reusable_value:
+    case enk_operation:
+    case enk_constant:
+    case enk_variable:
+    case enk_field:
+    case enk_routine:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool is_lowered_kind(a_statement_kind kind) {
+  switch (kind) {
+    case stmk_expr:
+    case stmk_if:
+    case stmk_while:
+    case stmk_goto:
+    case stmk_label:
+    case stmk_return:
+    case stmk_block:
+    case stmk_do:
+    case stmk_for:
+    case stmk_case:
+    case stmk_switch:
+    case stmk_init:
+    case stmk_asm:
+    case stmk_decl:
+    case stmk_null:
       return true;
     default:
       return false;
@@ -140,7 +154,7 @@ void check_node(const an_expr_node *node) {
   if (node->type == nullptr && node->kind != enk_field)
     report("a node has no type", iek_expr_node, node);
   if (node->kind == enk_operation) check_operands(node);
-  if (check.phase != icp_after_parsing && is_unlowered_kind(node->kind))
+  if (check.phase != icp_after_parsing && !is_lowered_kind(node->kind))
     report(expr_node_kind_names[node->kind], iek_expr_node, node);
 }
 
@@ -160,6 +174,8 @@ void check_constant(const a_constant *constant) {
 
 void check_statement(const a_statement *statement) {
   if (statement->kind >= stmk_last) report("the kind is out of range", iek_statement, statement);
+  if (check.phase != icp_after_parsing && !is_lowered_kind(statement->kind))
+    report(statement_kind_names[statement->kind], iek_statement, statement);
   if (statement->kind == stmk_label && statement->label == nullptr)
     report("a label statement has no label", iek_statement, statement);
   if (statement->kind == stmk_block) {
@@ -249,9 +265,18 @@ void check_by_kind(void *entry, an_il_entry_kind kind) {
   }
 }
 
+// struct s v = {.a = ({ int t = 1; t; }), .a = 2};  The first value is dropped when the initializer
+// is lowered, and the scope of its block stays in the list of its parent. A living scope is reached
+// from its statement.
+bool is_dead_scope(const a_scope *scope) {
+  return check.phase != icp_after_parsing && scope->kind == sck_block && scope->block != nullptr &&
+         il_marks(scope->block).walk_number != current_walk_number;
+}
+
 void check_entry(void *entry, an_il_entry_kind kind) {
   an_il_entry_marks &marks = il_marks(entry);
   if (marks.walk_number == current_walk_number) return;
+  if (kind == iek_scope && is_dead_scope(static_cast<a_scope *>(entry))) return;
   marks.walk_number = current_walk_number;
   check_by_kind(entry, kind);
   a_check_visitor visitor{entry, kind};

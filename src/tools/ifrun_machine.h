@@ -7,6 +7,7 @@
 #define TOOLS_IFRUN_MACHINE_H
 
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -162,12 +163,14 @@ struct an_xnode {
 };
 
 // One step of a routine.
+using a_case_table = std::unordered_map<std::uint64_t, std::uint32_t>;  // value to step
+
 struct a_step {
   enum a_kind : std::uint8_t { evaluate, branch, branch_if_zero, choose, leave } kind;
   an_xnode *node = nullptr;  // evaluated, tested, chosen by or returned
   std::uint32_t target = 0;  // step to go to; label until the routine is complete
   const PSN *psn = nullptr;
-  std::unordered_map<std::uint64_t, std::uint32_t> *cases = nullptr;  // value to step
+  a_case_table *cases = nullptr;  // of choose
 };
 
 struct a_parameter {
@@ -312,6 +315,7 @@ class a_machine {
   std::unordered_map<a_callee *, std::uint32_t> callee_addresses;
   std::vector<std::unique_ptr<a_routine_code>> routines;
   std::vector<std::unique_ptr<an_xnode>> xnodes;
+  std::deque<a_case_table> case_tables;
   std::uint64_t next_frame_id = 1;
   std::uint32_t frame_depth = 0;
   a_value result_value = {0};

@@ -201,7 +201,7 @@ void a_machine::prepare_switch(const an_if_record_read &record, a_routine_code *
   const NODE *root = record.trees[0];
   step->kind = a_step::choose;
   step->node = prepare_tree(root->left, code);
-  step->cases = new std::unordered_map<std::uint64_t, std::uint32_t>;
+  step->cases = &case_tables.emplace_back();
   std::vector<const NODE *> items;
   list_items(root->right, &items);
   if (record.trees.size() > 1) items.push_back(record.trees[1]);

@@ -49,10 +49,10 @@ class Messages : public ::testing::Test {
     display_error_number = true;
     brief_diagnostics = true;
     primary_source_file_name = "file.c";
-    f_error = open_memstream(&text_, &size_);
+    f_error = stream_ = open_memstream(&text_, &size_);
   }
   void TearDown() override {
-    std::fclose(f_error);
+    std::fclose(stream_);
     std::free(text_);
     f_error = stderr;
   }
@@ -65,6 +65,7 @@ class Messages : public ::testing::Test {
   }
 
  private:
+  std::FILE *stream_ = nullptr;
   char *text_ = nullptr;
   std::size_t size_ = 0;
   std::size_t read_ = 0;

@@ -22,7 +22,10 @@ class Host : public ::testing::Test {
     mem_manage_init();
     host_envir_early_init();
   }
-  void TearDown() override { free_all_memory_regions(); }
+  void TearDown() override {
+    free_all_memory_regions();
+    std::free(const_cast<char *>(current_directory_name));
+  }
 };
 
 std::string split_and_build(const char *path) {

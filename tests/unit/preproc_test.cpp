@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <deque>
 #include <string>
 
 #include "DIAG/error.h"
@@ -47,22 +48,21 @@ class Preproc : public ::testing::Test {
   void SetUp() override { f_error = std::tmpfile(); }
   void TearDown() override { std::fclose(f_error); }
 
-  static std::string file(const std::string &text, const std::string &name = "") {
+  static const std::string &file(const std::string &text, const std::string &name = "") {
     std::string path = directory + "/" + (name.empty() ? "f" + std::to_string(files.size()) : name);
     std::FILE *stream = std::fopen(path.c_str(), "wb");
     std::fwrite(text.data(), 1, text.size(), stream);
     std::fclose(stream);
-    files.push_back(path);
-    return path;
+    files.push_back(path);  // the front end keeps names by reference
+    return files.back();
   }
 
   // The tokens of a file with this text, one blank between any two.
   std::string tokens(const std::string &text) {
     std::string result;
     fetch_pp_tokens = expand_macros = true;
-    std::string *path = new std::string(file(text));  // names are kept by reference
-    open_file_and_push_input_stack(path->c_str(), false, false, false, false, false, false, false,
-                                   false, nullptr);
+    open_file_and_push_input_stack(file(text).c_str(), false, false, false, false, false, false,
+                                   false, false, nullptr);
     while (get_token() != tok_end_of_source) {
       if (!result.empty()) result += ' ';
       result.append(start_of_curr_token, len_of_curr_token);
@@ -90,13 +90,13 @@ class Preproc : public ::testing::Test {
   }
 
   static std::string directory;
-  static std::vector<std::string> files;
+  static std::deque<std::string> files;
   a_source_position last_position = {};
   std::string watched;
   a_source_position watched_position = {};
 };
 std::string Preproc::directory;
-std::vector<std::string> Preproc::files;
+std::deque<std::string> Preproc::files;
 
 // ---- Expansion ---------------------------------------------------------------------------------
 
