@@ -42,11 +42,12 @@ std::uint32_t a_machine::place(an_xnode *node) {
       return place(node->right);
     case op_QUEST:
       return place(evaluate(node->left).i != 0 ? node->right->left : node->right->right);
-    case op_ASG:
     case op_STASG:
     case op_ARASG:
-      evaluate(node);
-      return place(node->left);
+      return copy_class(node);
+    case op_ASG:
+      if (node->left->shape.vclass == vc_class) return copy_class(node);
+      break;
     case op_SCON:
       return node->address;
     case op_CALL:
@@ -356,7 +357,8 @@ a_value a_machine::step_after(an_xnode *node, bool up) {
   return old;
 }
 
-void a_machine::copy_class(an_xnode *node) {
+// Gives the place of the target, which is found once.
+std::uint32_t a_machine::copy_class(an_xnode *node) {
   std::uint32_t from = static_cast<std::uint32_t>(evaluate(node->right).i);
   std::uint32_t to = place(node->left);
   std::uint32_t size = node->left->shape.size;
@@ -364,6 +366,7 @@ void a_machine::copy_class(an_xnode *node) {
   memory.readable_range(from, size);
   std::uint8_t *target = memory.writable_range(to, size);
   std::memmove(target, memory.raw(from), size);
+  return to;
 }
 
 a_value a_machine::conversion(an_xnode *node) {
@@ -469,10 +472,7 @@ a_value a_machine::evaluate(an_xnode *node) {
     case op_ASG: {
       a_value value = evaluate(node->right);
       an_xnode *target = node->left;
-      if (target->shape.vclass == vc_class) {
-        copy_class(node);
-        return int_value(place(target));
-      }
+      if (target->shape.vclass == vc_class) return int_value(copy_class(node));
       value = convert(value, node->right->shape, target->shape);
       store_place(target, value);
       if (target->is_bit_field) {
@@ -486,8 +486,7 @@ a_value a_machine::evaluate(an_xnode *node) {
     }
     case op_STASG:
     case op_ARASG:
-      copy_class(node);
-      return int_value(place(node->left));
+      return int_value(copy_class(node));
     case op_STARG:
       return int_value(place(node->left));
     case op_ARGREF:

@@ -300,7 +300,7 @@ class a_machine {
   a_value compound_assign(an_xnode *node, a_node_op op);
   a_value step_after(an_xnode *node, bool up);
   a_value evaluate_call(an_xnode *node);
-  void copy_class(an_xnode *node);
+  std::uint32_t copy_class(an_xnode *node);
   a_value intrinsic(an_xnode *node);
   a_value conversion(an_xnode *node);
   void count_step();
