@@ -1,6 +1,7 @@
 // Symbols of routines and variables, their names and their pragmas.
 #include <cstdio>
 #include <cstring>
+#include <deque>
 #include <unordered_map>
 
 #include "ANSI/i_gen_be_internal.h"
@@ -17,6 +18,8 @@ unsigned nameless_counter, local_static_counter, register_counter;
 SYMTAB *memset_symbol;
 // The pragmas of entities of the file scope and of routines, in the order of the source.
 std::unordered_map<const void *, std::vector<const a_pragma *>> pragmas_of_entity;
+
+std::deque<PRAGMA> pragmas_of_symbols;
 
 SYMTAB *allocate_symbol() {
   return new (type_pkg->alloc(sizeof(SYMTAB))) SYMTAB;
@@ -174,6 +177,7 @@ void set_alignment_of_variable(SYMTAB *symbol, a_variable *variable) {
 void reset_symbols() {
   symbols.clear();
   pragmas_of_entity.clear();
+  pragmas_of_symbols.clear();
   nameless_counter = local_static_counter = register_counter = 0;
   memset_symbol = nullptr;
 }
@@ -184,7 +188,7 @@ void collect_pragmas(const a_scope *scope) {
 }
 
 void add_pragma(SYMTAB *symbol, a_file_pragma_kind kind, std::vector<const char *> texts) {
-  PRAGMA *pragma = new (type_pkg->alloc(sizeof(PRAGMA))) PRAGMA;
+  PRAGMA *pragma = &pragmas_of_symbols.emplace_back();
   pragma->kind = kind;
   pragma->texts = std::move(texts);
   pragma->next = symbol->pragma_list;

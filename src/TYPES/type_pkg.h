@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <map>
 #include <string_view>
+#include <type_traits>
 #include <unordered_map>
 #include <vector>
 
@@ -334,10 +335,11 @@ class TYPE_PKG {
   // Gives the basic types the sizes that the target options ask for.
   void update_basic_types();
 
-  // Memory of the package, zeroed, kept until the package is deleted.
+  // Memory of the package, zeroed, kept until the package is deleted. Nothing in it is destroyed.
   void *alloc(std::size_t size);
   template <typename RECORD>
   RECORD *alloc_record() {
+    static_assert(std::is_trivially_destructible_v<RECORD>);
     return static_cast<RECORD *>(alloc(sizeof(RECORD)));
   }
   const char *keep_text(std::string_view text);

@@ -12,6 +12,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/common_interface_defs.h>
+#endif
 
 #include "ANSI/i_gen_be.h"
 #include "DIAG/error.h"
@@ -79,6 +82,22 @@ void generate_code() {
   }
 }
 
+// The address sanitizer has to be told of a change of stacks.
+#ifdef __SANITIZE_ADDRESS__
+void announce_stack(const void *stack, std::size_t size) {
+  __sanitizer_start_switch_fiber(nullptr, stack, size);
+}
+void compile_on_front_end_stack() {
+  __sanitizer_finish_switch_fiber(nullptr, nullptr, nullptr);
+  compile();
+}
+#else
+void announce_stack(const void *, std::size_t) {}
+void compile_on_front_end_stack() {
+  compile();
+}
+#endif
+
 // A stack with a page below it that nobody may touch; null when there is no address space for it.
 void *map_front_end_stack() {
   const std::size_t page = get_page_size();
@@ -98,14 +117,15 @@ void run_compilation(int argc, char **argv) {
   sys_argv = argv;
   f_error = stderr;
 
-  static ucontext_t front_end, unused;
+  static ucontext_t front_end;
   void *stack = map_front_end_stack();
   if (stack != nullptr && getcontext(&front_end) == 0) {
     front_end.uc_stack.ss_sp = stack;
     front_end.uc_stack.ss_size = front_end_stack_size;
     front_end.uc_link = nullptr;
-    makecontext(&front_end, reinterpret_cast<void (*)()>(compile), 0);
-    swapcontext(&unused, &front_end);
+    makecontext(&front_end, compile_on_front_end_stack, 0);
+    announce_stack(stack, front_end_stack_size);
+    setcontext(&front_end);
   }
   compile();  // without the large stack, the ordinary one has to do
 }

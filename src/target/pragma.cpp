@@ -7,6 +7,7 @@
 #include "target/pragma.h"
 
 #include <cstring>
+#include <deque>
 
 #include "UTIL/basics.h"
 #include "driver/mem_manage.h"
@@ -48,6 +49,8 @@ void classify_il_pragma(a_pragma *pragma) {
   pragma->pragma_kind = pragma_classifications[pragma->kind].file_kind;
   pragma->placement = pragma_classifications[pragma->kind].placement;
 }
+
+std::deque<PRAGMA> file_pragmas;  // those that create_il_entry_for_pragma made
 
 // ---- Pending pragmas ---------------------------------------------------------------------------
 
@@ -549,7 +552,7 @@ a_pragma *create_il_entry_for_pragma(a_pending_pragma *pending, a_symbol *symbol
   pending->il_pragma = pragma;
   // That a function is called from outside is no record of the file.
   if (pragma->pragma_kind == fpk_INVALID || pragma->kind == prk_FUNC_EXT_CALLED) return pragma;
-  pragma->pragma = new PRAGMA;
+  pragma->pragma = &file_pragmas.emplace_back();
   pragma->pragma->kind = static_cast<std::uint8_t>(pragma->pragma_kind);
   return pragma;
 }
@@ -600,6 +603,7 @@ void pragma_one_time_init() {
 }
 
 void pragma_init() {
+  file_pragmas.clear();
   pragma_kind_descriptions = nullptr;
   avail_pending_pragmas = nullptr;
   std::memset(pragma_description_for_pragma_kind, 0, sizeof pragma_description_for_pragma_kind);
