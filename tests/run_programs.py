@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Compiles the programs of tests/programs in both byte orders, executes them with ifrun, and
-compares output and status with tests/programs/expected.
+"""Compiles the programs of tests/programs and examples in both byte orders, executes them with
+ifrun, and compares output and status with the folder expected beside them.
 
 usage: run_programs.py QXPARSE IFDUMP IFRUN INCLUDE_DIR OUTPUT_DIR [PROGRAM ...]
 """
@@ -65,9 +65,10 @@ def main():
     tools = [os.path.abspath(p) for p in sys.argv[1:5]]
     output_dir = os.path.abspath(sys.argv[5])
     os.makedirs(output_dir, exist_ok=True)
-    root = os.path.join(os.path.dirname(os.path.abspath(__file__)), 'programs')
+    tests = os.path.dirname(os.path.abspath(__file__))
+    roots = [os.path.join(tests, 'programs'), os.path.join(os.path.dirname(tests), 'examples')]
     programs = [os.path.abspath(p) for p in sys.argv[6:]] or \
-        [os.path.join(root, f) for f in sorted(os.listdir(root)) if f.endswith('.c')]
+        [os.path.join(root, f) for root in roots for f in sorted(os.listdir(root)) if f.endswith('.c')]
     failed = 0
     for path in programs:
         for order in ('little', 'big'):
