@@ -4,7 +4,12 @@
 #include <gtest/gtest.h>
 
 #include "DIAG/error.h"
-#include "semantics_start.h"
+#include "front_end_start.h"
+#include "il/il.h"
+#include "semantics/const_ints.h"
+#include "semantics/float_pt.h"
+#include "semantics/target.h"
+#include "semantics/types.h"
 
 namespace {
 
@@ -17,7 +22,13 @@ struct a_result {
 
 class Folding : public ::testing::Test {
  protected:
-  void SetUp() override { start_semantics(true); }
+  void SetUp() override {
+    start_front_end([] {
+      set_eabi();
+      targ_little_endian = true;
+    });
+  }
+  void TearDown() override { end_front_end(); }
 
   static a_constant integer(std::int64_t value, an_integer_kind kind = ik_int) {
     a_constant c = {};

@@ -6,54 +6,32 @@
 
 #include <string>
 
-#include "driver/host_envir.h"
-#include "driver/switches.h"
-#include "driver/trans_unit.h"
+#include "front_end_start.h"
 #include "il/il.h"
 #include "il/il_dump.h"
 #include "il/il_walk.h"
 #include "semantics/const_ints.h"
 #include "semantics/scope_stk.h"
 #include "semantics/symbol_tbl.h"
-#include "semantics/target.h"
 #include "semantics/types.h"
 
 class an_il_fixture : public ::testing::Test {
  protected:
   void SetUp() override {
-    reset_switches();
-    C_dialect = dialect_standard_c;
-    suppress_il_lowering = true;  // bodies stay as the tests make them
-    mem_manage_early_init();
-    mem_manage_one_time_init();
-    mem_manage_init();
-    mem_manage_trans_unit_init();
-    is_primary_translation_unit = true;
-    unit_ = {};
-    curr_translation_unit = &unit_;
-    symbol_tbl_early_init();
-    symbol_tbl_one_time_init();
-    symbol_tbl_init();
-    symbol_tbl_trans_unit_init();
-    scope_stk_init();
-    il_one_time_init();
-    il_init();
-    compute_il_prefix_size();
-    il_trans_unit_init();
-    il_walk_init();
-    src_seq_init();
-    src_seq_trans_unit_init();
-    target_early_init();
-    types_early_init();
-    types_trans_unit_init();
-    const_ints_init();
-    in_front_end = true;
-    il_header.source_language = sl_c;
-    push_file_scope(false);
+    start_front_end([] {
+      gnu_mode = gcc_mode = false;
+      suppress_il_lowering = true;  // bodies stay as the tests make them
+    });
+    forget_predeclared_entities();
   }
-  void TearDown() override {
-    in_front_end = false;
-    free_all_memory_regions();
+  void TearDown() override { end_front_end(); }
+
+  // So that the file scope holds what a test puts there, and can be counted.
+  static void forget_predeclared_entities() {
+    a_scope *scope = il_header.primary_scope;
+    a_scope_pointers_block *tails = scope_stack[depth_scope_stack].pointers;
+    scope->types = tails->types_tail = nullptr;
+    scope->routines = tails->routines_tail = nullptr;
   }
 
   static a_type *int_type() { return integer_type(ik_int); }
@@ -117,8 +95,6 @@ class an_il_fixture : public ::testing::Test {
     dump_expr(expr, out);
     return text_of_buffer(out);
   }
-
-  a_translation_unit unit_;
 };
 
 #endif

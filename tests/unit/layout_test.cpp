@@ -15,11 +15,10 @@
 #include <vector>
 
 #include "DIAG/error.h"
-#include "driver/switches.h"
+#include "front_end_start.h"
 #include "il/il.h"
 #include "semantics/target.h"
 #include "semantics/types.h"
-#include "semantics_start.h"
 
 namespace {
 
@@ -33,7 +32,14 @@ struct a_layout_row {
 
 class Layout : public ::testing::Test {
  protected:
-  void SetUp() override { start_semantics(true); }
+  void SetUp() override { start(true); }
+  void TearDown() override { end_front_end(); }
+  static void start(bool eabi) {
+    start_front_end([eabi] {
+      if (eabi) set_eabi();
+      targ_little_endian = true;
+    });
+  }
 
   static a_type *type_of_letter(char letter) {
     switch (letter) {
@@ -136,7 +142,8 @@ const a_layout_row rows[] = {
 
 TEST_F(Layout, AgreesWithTheCompilerOfTheTarget) {
   for (bool eabi : {true, false}) {
-    start_semantics(eabi);
+    end_front_end();
+    start(eabi);
     for (const a_layout_row &row : rows)
       if (row.eabi == eabi) check(row);
   }

@@ -8,10 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "driver/fe_init.h"
-#include "driver/mem_manage.h"
-#include "driver/switches.h"
-#include "driver/trans_unit.h"
+#include "front_end_start.h"
 #include "il/il_expr.h"
 #include "semantics/const_ints.h"
 #include "semantics/float_pt.h"
@@ -27,15 +24,11 @@ class Lexical : public ::testing::Test {
     static bool is_started = false;
     if (is_started) return;
     is_started = true;
-    fe_early_init();
-    gnu_mode = gcc_mode = true;
-    C_dialect = dialect_standard_c;
-    std_version = 201112;
-    long_long_promotion_allowed = true;
-    hex_floating_point_constants_allowed = universal_character_names_allowed = true;
-    primary_source_file_name = "none.c";
-    fe_one_time_init();
-    begin_translation_unit(primary_source_file_name, 1, nullptr);
+    start_front_end([] {
+      std_version = 201112;
+      long_long_promotion_allowed = true;
+      hex_floating_point_constants_allowed = universal_character_names_allowed = true;
+    });
   }
   void TearDown() override { close(); }
 

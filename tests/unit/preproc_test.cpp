@@ -11,10 +11,7 @@
 #include <string>
 
 #include "DIAG/error.h"
-#include "driver/fe_init.h"
-#include "driver/host_envir.h"
-#include "driver/switches.h"
-#include "driver/trans_unit.h"
+#include "front_end_start.h"
 #include "source/input_stack.h"
 #include "source/lexical.h"
 #include "source/macro.h"
@@ -25,16 +22,12 @@ namespace {
 class Preproc : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
-    fe_early_init();
-    gnu_mode = gcc_mode = true;
-    C_dialect = dialect_standard_c;
-    std_version = 199901;
-    trigraphs_allowed = false;
-    variadic_macros_allowed = extended_variadic_macros_allowed = true;
-    end_of_line_comments_allowed = true;
-    primary_source_file_name = "none.c";
-    fe_one_time_init();
-    begin_translation_unit(primary_source_file_name, 1, nullptr);
+    start_front_end([] {
+      std_version = 199901;
+      trigraphs_allowed = false;
+      variadic_macros_allowed = extended_variadic_macros_allowed = true;
+      end_of_line_comments_allowed = true;
+    });
     fixup_predefined_macros("Mon Nov 23 02:04:05 2026\n");
     char name[] = "/tmp/preproc_test_XXXXXX";
     directory = mkdtemp(name);

@@ -9,8 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "driver/switches.h"
-#include "driver/trans_unit.h"
+#include "front_end_start.h"
 #include "il/il.h"
 #include "semantics/lookup.h"
 #include "semantics/scope_stk.h"
@@ -19,27 +18,8 @@ namespace {
 
 class symbol_table : public ::testing::Test {
  protected:
-  void SetUp() override {
-    reset_switches();
-    C_dialect = dialect_standard_c;
-    mem_manage_early_init();
-    mem_manage_one_time_init();
-    mem_manage_init();
-    switch_il_region(primary_file_scope_region);
-    unit_ = {};
-    curr_translation_unit = &unit_;
-    symbol_tbl_early_init();
-    symbol_tbl_one_time_init();
-    symbol_tbl_init();
-    symbol_tbl_trans_unit_init();
-    scope_stk_init();
-    il_alloc_one_time_init();
-    il_alloc_init();
-    il_alloc_trans_unit_init();
-    il_header.primary_scope = nullptr;
-    il_header.region_scope_table = nullptr;
-    push_file_scope(false);
-  }
+  void SetUp() override { start_front_end(no_settings); }
+  void TearDown() override { end_front_end(); }
 
   static a_symbol_locator locator_of(const std::string &name) {
     a_symbol_locator locator = cleared_locator;
@@ -59,8 +39,6 @@ class symbol_table : public ::testing::Test {
   }
   // Ends a scope without looking at the entities, which these symbols do not have.
   static void leave() { abandon_scope(); }
-
-  a_translation_unit unit_;
 };
 
 TEST_F(symbol_table, a_spelling_has_one_header) {

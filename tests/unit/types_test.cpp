@@ -1,15 +1,22 @@
 // Types made by hand: sharing, identity, compatibility, composites, promotions, conversions.
 #include "semantics/types.h"
+#include "front_end_start.h"
+#include "semantics/const_ints.h"
+#include "semantics/target.h"
 
 #include <gtest/gtest.h>
-
-#include "semantics_start.h"
 
 namespace {
 
 class Types : public ::testing::Test {
  protected:
-  void SetUp() override { start_semantics(true); }
+  void SetUp() override {
+    start_front_end([] {
+      set_eabi();
+      targ_little_endian = true;
+    });
+  }
+  void TearDown() override { end_front_end(); }
 
   static a_type *pointer_to(a_type *type) { return make_pointer_type_full(type); }
   static a_type *constant(a_type *type) { return f_make_qualified_type(type, tq_const); }
