@@ -1,6 +1,7 @@
 /* Ranges of the integer types. A C library's own header of this name comes behind this one. */
 #ifndef __QX_LIMITS_H
 #define __QX_LIMITS_H
+#define _GCC_LIMITS_H_ /* a library's header looks for the compiler's own by this name */
 
 #undef CHAR_BIT
 #define CHAR_BIT 8
@@ -49,6 +50,15 @@
 #define LLONG_MAX 9223372036854775807LL
 #undef ULLONG_MAX
 #define ULLONG_MAX 18446744073709551615ULL
+
+#if defined(__GNUC__) && !defined(__STRICT_ANSI__)
+#undef LONG_LONG_MIN
+#define LONG_LONG_MIN LLONG_MIN
+#undef LONG_LONG_MAX
+#define LONG_LONG_MAX LLONG_MAX
+#undef ULONG_LONG_MAX
+#define ULONG_LONG_MAX ULLONG_MAX
+#endif
 
 #undef MB_LEN_MAX
 #define MB_LEN_MAX 8

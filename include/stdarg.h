@@ -1,15 +1,15 @@
 /* Variable arguments. They follow the last named parameter in memory, each in slots of 4 bytes; under
    the EABI a type of alignment 8 starts at a multiple of 8. A class that is passed by reference has
-   its address in the slot. */
-#ifndef __QX_STDARG_H
-#define __QX_STDARG_H
-
+   its address in the slot. A library header may ask for the type alone by __need___va_list. */
 #ifndef __QX_GNUC_VA_LIST
 #define __QX_GNUC_VA_LIST
 typedef __builtin_va_list __gnuc_va_list;
 #endif
 
-#ifndef __need___va_list
+#ifdef __need___va_list
+#undef __need___va_list
+#elif !defined(__QX_STDARG_H)
+#define __QX_STDARG_H
 
 #ifdef __cplusplus
 namespace std {
@@ -47,7 +47,4 @@ typedef __builtin_va_list va_list;
 #define __va_copy(to, from) ((void)((to) = (from)))
 
 #define _VA_LIST_DEFINED
-#endif /* __need___va_list */
-#undef __need___va_list
-
 #endif

@@ -229,6 +229,16 @@ void lower_classification(an_expr_node *call) {
   become(call, comma_node(tested.setup, value));
 }
 
+// 1 for infinity, -1 for the negative one.
+void lower_sign_of_infinity(an_expr_node *call) {
+  a_tested_value tested(argument(call, 1));
+  an_expr_node *zero = zero_node(float_type(tested.kind));
+  an_expr_node *sign = conditional_node(int_type(), compare(eok_lt, tested.value(), zero),
+                                        int_node(-1), int_node(1));
+  an_expr_node *value = conditional_node(int_type(), tested.is_infinite(), sign, int_node(0));
+  become(call, comma_node(tested.setup, value));
+}
+
 // The sign stands in the highest byte; a comparison would not see that of a zero.
 void lower_signbit(an_expr_node *call) {
   a_tested_value tested(argument(call, 1));
@@ -372,6 +382,10 @@ void become_memory_copy(an_expr_node *call) {
 }
 
 void lower_call_without_argument(an_expr_node *call, int builtin) {
+  if (builtin == bi_trap) {
+    call_plain_routine(call, "abort");
+    return;
+  }
   if (builtin != bi_unreachable) return;
   a_type *type = make_routine_type(void_type());
   become(call, intrinsic_call(qi__never_executed, "_never_executed", type, nullptr));
@@ -484,6 +498,9 @@ void lower_builtin_operation(an_expr_node *call, int builtin) {
     case bi_isfinite:
     case bi_isnormal:
       lower_float_test(call, builtin);
+      break;
+    case bi_isinf_sign:
+      lower_sign_of_infinity(call);
       break;
     case bi_signbit:
     case bi_signbitf:

@@ -358,10 +358,6 @@ void scan_binary_operator(an_operand *left, an_operand *result, int level) {
 
 // ---- The conditional operator ------------------------------------------------------------------
 
-namespace {
-
-// The value of a condition whose middle operand is left out is needed twice: it goes through a
-// temporary variable. The operand becomes a read of it; *setup assigns it.
 void copy_to_temporary(an_operand *operand, an_expr_node **setup) {
   an_operand saved = *operand;
   a_type *type = make_unqualified_type(operand->type);
@@ -379,6 +375,8 @@ void copy_to_temporary(an_operand *operand, an_expr_node **setup) {
   restore_operand_details(operand, &saved);
   operand->not_constant = operand->not_integral_constant = true;
 }
+
+namespace {
 
 // The type of the result and the conversions to it; null after a message.
 a_type *convert_branches(an_operand *middle, an_operand *third, const a_source_position *position) {

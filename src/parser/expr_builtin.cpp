@@ -6,6 +6,7 @@
 #include "parser/disambig.h"
 #include "parser/expr_internal.h"
 #include "semantics/folding.h"
+#include "semantics/scope_stk.h"
 #include "semantics/symbol_ref.h"
 #include "semantics/sys_predef.h"
 #include "semantics/target.h"
@@ -455,11 +456,103 @@ void scan_choose_expr(an_operand *result) {
   if (!ok) make_error_operand(result);
 }
 
+// ---- Comparisons that raise no exception -------------------------------------------------------
+
+// The value of an argument of such a function; *setup collects what keeps it for a second use.
+void scan_compared_value(an_operand *value, bool twice, an_expr_node **setup) {
+  scan_expr_at_level(value, level_comma);
+  do_operand_transformations(value);
+  if (!check_arithmetic_or_enum_operand(value) || !twice || value->kind == ok_constant) return;
+  an_expr_node *assignment = nullptr;
+  copy_to_temporary(value, &assignment);
+  *setup = *setup == nullptr ? assignment : make_comma_node(*setup, assignment);
+}
+
+// The same value once more.
+an_operand second_use(const an_operand *value) {
+  an_operand copy = *value;
+  if (copy.kind == ok_expression) copy.expr = copy_node(value->expr);
+  copy.ref_entry = nullptr;
+  return copy;
+}
+
+void compare(an_expr_operator_kind op, an_operand left, an_operand right, an_operand *result) {
+  a_type *type = usual_arithmetic_conversions(left.type, right.type);
+  cast_operand(type, &left, true);
+  cast_operand(type, &right, true);
+  a_source_position position = left.start_pos;
+  do_binary_operation(op, &left, &right, integer_type(ik_int), result, &position);
+}
+
+void either(an_operand *left, an_operand *right, an_operand *result) {
+  do_binary_operation(eok_lor, left, right, integer_type(ik_int), result, &left->start_pos);
+}
+
+void put_setup_in_front(an_expr_node *setup, an_operand *result) {
+  if (setup == nullptr || result->kind == ok_error) return;
+  an_operand saved = *result;
+  make_expression_operand(make_comma_node(setup, make_node_from_operand(result)), result);
+  restore_operand_details(result, &saved);
+  result->not_constant = result->not_integral_constant = true;
+}
+
+// __builtin_isgreater(a, b) and its kin
+void scan_quiet_comparison(int builtin, an_operand *result) {
+  bool twice = builtin == bi_islessgreater || builtin == bi_isunordered;
+  if (twice && innermost_function_scope == nullptr) {
+    expr_pos_error(ec_expr_not_constant, &pos_curr_token);
+    twice = false;
+  }
+  an_expr_node *setup = nullptr;
+  an_operand left, right;
+  scan_compared_value(&left, twice, &setup);
+  scan_comma_between();
+  scan_compared_value(&right, twice, &setup);
+  if (left.kind == ok_error || right.kind == ok_error) {
+    make_error_operand(result);
+    return;
+  }
+  an_operand first, second;
+  switch (builtin) {
+    case bi_isgreater:
+      compare(eok_gt, left, right, result);
+      break;
+    case bi_isgreaterequal:
+      compare(eok_ge, left, right, result);
+      break;
+    case bi_isless:
+      compare(eok_lt, left, right, result);
+      break;
+    case bi_islessequal:
+      compare(eok_le, left, right, result);
+      break;
+    case bi_islessgreater:
+      compare(eok_lt, left, right, &first);
+      compare(eok_gt, second_use(&left), second_use(&right), &second);
+      either(&first, &second, result);
+      break;
+    default:  // a value that is no number differs from itself
+      compare(eok_ne, left, second_use(&left), &first);
+      compare(eok_ne, right, second_use(&right), &second);
+      either(&first, &second, result);
+      break;
+  }
+  put_setup_in_front(setup, result);
+}
+
 }  // namespace
 
 bool scan_builtin_call(a_routine *routine, an_operand *function, an_operand *result) {
   void (*scan)(an_operand *) = nullptr;
-  switch (builtin_function_number(routine)) {
+  int builtin = builtin_function_number(routine);
+  switch (builtin) {
+    case bi_isgreater:
+    case bi_isgreaterequal:
+    case bi_isless:
+    case bi_islessequal:
+    case bi_islessgreater:
+    case bi_isunordered:
+      break;
     case bi_va_start:
     case bi_stdarg_start:
       scan = scan_builtin_va_start;
@@ -494,7 +587,10 @@ bool scan_builtin_call(a_routine *routine, an_operand *function, an_operand *res
   get_token();
   add_stop_token(tok_rparen);
   add_stop_token(tok_comma);
-  scan(result);
+  if (scan != nullptr)
+    scan(result);
+  else
+    scan_quiet_comparison(builtin, result);
   remove_stop_token(tok_comma);
   a_source_position end = end_pos_curr_token;
   if (!required_token(tok_rparen, ec_exp_rparen)) make_error_operand(result);

@@ -57,6 +57,9 @@ void make_address_of(an_operand *operand, an_operand *result, const a_source_pos
 // token is the operator.
 void scan_binary_operator(an_operand *left, an_operand *result, int level);
 void scan_conditional(an_operand *left, an_operand *result);
+// For a value that is needed twice: the operand becomes a read of a temporary variable, *setup the
+// assignment to it. Inside functions only.
+void copy_to_temporary(an_operand *operand, an_expr_node **setup);
 void scan_assignment(an_operand *left, an_operand *result);
 void scan_comma(an_operand *left, an_operand *result);
 // The operand is computed for its effects: a warning when it has none, a read when it is volatile.

@@ -338,6 +338,17 @@ void scan_parenthesis_for_size(an_operand *result) {
   scan_parenthesized(result, true);
 }
 
+// __extension__ cast-expression: what it marks needs no report.
+static void scan_extension(an_operand *result) {
+  a_source_position start = pos_curr_token;
+  get_token();
+  bool saved = report_gnu_extensions;
+  report_gnu_extensions = false;
+  scan_expr_at_level(result, level_cast);
+  report_gnu_extensions = saved;
+  result->start_pos = start;
+}
+
 void scan_primary(an_operand *result) {
   switch (curr_token) {
     case tok_identifier:
@@ -406,6 +417,9 @@ void scan_primary(an_operand *result) {
     case tok_real:
     case tok_imag:
       scan_real_imag(result);
+      return;
+    case tok_extension:
+      scan_extension(result);
       return;
     case tok_nan:
     case tok_infinity:

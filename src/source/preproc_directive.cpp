@@ -343,6 +343,8 @@ void cpp_driver() {
 void process_macro_preincludes() {
   bool saved_output = generate_pp_output;
   bool saved_fetch = fetch_pp_tokens;
+  // The first line of the source is read already and waits.
+  bool saved_do_not_put = do_not_put_curr_line_in_pp_output;
   generate_pp_output = false;
   fetch_pp_tokens = true;
   for (const a_preinclude_file *f = preinclude_macros_file_list; f != nullptr; f = f->next) {
@@ -356,5 +358,5 @@ void process_macro_preincludes() {
   }
   fetch_pp_tokens = saved_fetch;
   generate_pp_output = saved_output;
-  do_not_put_curr_line_in_pp_output = true;
+  do_not_put_curr_line_in_pp_output = saved_do_not_put;
 }
