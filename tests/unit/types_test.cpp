@@ -1,10 +1,12 @@
 // Types made by hand: sharing, identity, compatibility, composites, promotions, conversions.
 #include "semantics/types.h"
-#include "front_end_start.h"
-#include "semantics/const_ints.h"
-#include "semantics/target.h"
 
 #include <gtest/gtest.h>
+
+#include "front_end_start.h"
+#include "il/il.h"
+#include "semantics/folding.h"
+#include "semantics/target.h"
 
 namespace {
 
