@@ -113,12 +113,13 @@ static std::uint32_t room_for_arguments(const a_routine_code *code,
 a_value a_machine::run(a_routine_code *code, const an_argument_list &arguments,
                        std::uint32_t result_place) {
   if (!code->is_prepared) prepare(code);
-  std::uint32_t size = code->frame_size + room_for_arguments(code, arguments);
+  std::uint32_t unaligned = code->frame_align - 8;  // the stack itself is aligned to 8
+  std::uint32_t size = code->frame_size + unaligned + room_for_arguments(code, arguments);
   if (size > stack_pointer - stack_low || ++frame_depth > max_frames)
     fault("the stack is exhausted");
   std::uint32_t old_pointer = stack_pointer;
   a_frame *caller = frame;
-  stack_pointer = (stack_pointer - size) & ~7u;
+  stack_pointer = (stack_pointer - size + unaligned) & ~(code->frame_align - 1);
   a_frame activation{code,         caller, stack_pointer,  stack_pointer + code->frame_size,
                      result_place, 0,      next_frame_id++};
   memory.map(stack_pointer, old_pointer - stack_pointer, a_memory::writable);

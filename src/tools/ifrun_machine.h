@@ -186,6 +186,7 @@ struct a_routine_code {
   std::vector<a_step> steps;
   std::vector<a_parameter> parameters;
   std::uint32_t frame_size = 0;      // of the locals and of temporaries, a multiple of 8
+  std::uint32_t frame_align = 8;     // bytes
   std::uint32_t parameter_size = 0;  // of the named parameters
   a_shape result;
 };

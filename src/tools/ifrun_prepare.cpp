@@ -179,6 +179,7 @@ void a_machine::lay_out_frame(a_routine_code *code) {
       if (symbol->storage_class == isc_last_arg) code->has_varargs = true;
     } else if (symbol->storage_class != isc_label) {
       std::uint32_t align = std::clamp(symbol->align / 8, 1u, 4096u);
+      code->frame_align = std::max(code->frame_align, align);
       local_offsets[symbol] = place(static_cast<std::uint32_t>((symbol->size + 7) / 8), align);
     }
   }
