@@ -453,7 +453,7 @@ void lower_constant_expr(an_expr_node *expr) {
   lower_constant(constant);
   if (constant->kind != ck_aggregate) return;
   bool is_lvalue = expr->is_lvalue;
-  an_expr_node *variable = var_lvalue_expr(assoc_var_for_constant(constant));
+  an_expr_node *variable = var_lvalue_expr(assoc_var_for_constant(constant, constant->type));
   variable->is_lvalue = is_lvalue;
   replace_node(expr, variable);
 }

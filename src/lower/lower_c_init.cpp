@@ -251,7 +251,7 @@ namespace {
 an_expr_node *copy_of_constant(a_variable *object, a_constant *constant) {
   if (is_scalar_type(object->type))
     return make_var_assignment_expr(object, node_for_il_constant(constant));
-  an_expr_node *from = var_lvalue_expr(assoc_var_for_constant(constant));
+  an_expr_node *from = var_lvalue_expr(assoc_var_for_constant(constant, object->type));
   an_expr_node *to = var_lvalue_expr(object);
   if (!is_array_type(object->type)) return assignment_node(to, rvalue_expr_for_lvalue(from));
   object->address_taken = true;
@@ -316,13 +316,13 @@ void lower_temp_init(an_expr_node *expr) {
 
 // ---- Constants ---------------------------------------------------------------------------------
 
-a_variable *assoc_var_for_constant(a_constant *constant) {
+a_variable *assoc_var_for_constant(a_constant *constant, a_type *type) {
   a_variable *&variable = vars_of_constants[constant];
   if (variable != nullptr) return variable;
   a_memory_region_number saved;
   switch_to_file_scope_region(&saved);
   variable = alloc_variable(sc_static);
-  variable->type = make_qualified_type(constant->type, tq_const);
+  variable->type = make_qualified_type(type, tq_const);
   variable->is_compiler_generated = true;
   variable->defined = true;
   variable->init_kind = init_constant;
@@ -363,7 +363,7 @@ void lower_ordered_constant(a_constant *constant) {
       a_constant *target = constant->address_constant;
       lower_constant(target);
       if (target->kind == ck_string) break;
-      constant->address_variable = assoc_var_for_constant(target);
+      constant->address_variable = assoc_var_for_constant(target, target->type);
       constant->address_kind = abk_variable;
       break;
     }

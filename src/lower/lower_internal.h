@@ -73,7 +73,7 @@ void lower_temp_init(an_expr_node *expr);
 void lower_stmk_init(a_statement *statement);
 void lower_variables_of_scope(a_scope *scope);
 // A static variable that holds a constant of an aggregate.
-a_variable *assoc_var_for_constant(a_constant *constant);
+a_variable *assoc_var_for_constant(a_constant *constant, a_type *type);
 void forget_vars_of_constants();
 
 // ---- Builtins, variable arguments --------------------------------------------------------------

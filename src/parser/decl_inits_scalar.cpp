@@ -168,9 +168,17 @@ bool at_string_for(const a_type *type) {
 namespace {
 
 bool char_kinds_fit(const a_type *type, const a_constant *string) {
-  a_string_char_kind kind;
-  if (!may_be_string_type(type, &kind)) return false;
-  return kind == string->string_char_kind;
+  // By the literal: in C one integer type can be that of several kinds of characters.
+  switch (string->string_char_kind) {
+    case chk_wchar_t:
+      return is_wchar_t_array_type(type);
+    case chk_char16_t:
+      return is_char16_t_array_type(type);
+    case chk_char32_t:
+      return is_char32_t_array_type(type);
+    default:
+      return is_char_array_type(type);
+  }
 }
 
 std::uint64_t characters_of(const a_constant *string) {
