@@ -157,6 +157,7 @@ void fn_change_dir(const char *dir) {
   }
 }
 
+// The file exists when the name is handed out, so that nobody else can take it.
 char *fn_tmpnam() {
   static const char digits[] = "0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
   // The lowest digit of the process id comes last.
@@ -165,17 +166,18 @@ char *fn_tmpnam() {
   for (int i = 4; i >= 2; --i, id /= 62)
     prefix[i] = digits[id % 62];
   prefix[5] = '\0';
-// The name is opened at once by its only user; a file cannot be handed out here instead.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
-  errno = 0;
-  char *name = tempnam(nullptr, prefix);
-#pragma GCC diagnostic pop
-  if (name == nullptr) {
+  const char *dir = std::getenv("TMPDIR");
+  if (dir == nullptr || access(dir, W_OK | X_OK) != 0) dir = P_tmpdir;
+  const std::size_t size = std::strlen(dir) + sizeof "/QX000XXXXXX";
+  char *name = static_cast<char *>(safemalloc(size));
+  std::snprintf(name, size, "%s/%sXXXXXX", dir, prefix);
+  const int file = mkstemp(name);
+  if (file < 0) {
     std::fprintf(stderr, "ERROR: cannot create temporary file name; %s\n",
                  errno == ENOMEM ? "out of memory" : "check directory permissions");
     std::exit(1);
   }
+  close(file);
   return name;
 }
 

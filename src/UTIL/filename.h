@@ -30,7 +30,7 @@ bool fn_rename(const char *from, const char *to);
 char *fn_get_working_dir();  // safemalloc; ends the process on failure
 void fn_change_dir(const char *dir);
 
-// A name for a temporary file, from malloc; ends the process when none can be made.
+// The name of a new, empty temporary file, from malloc; ends the process when none can be made.
 char *fn_tmpnam();
 
 // Calls back with each part of a list divided by ':'.

@@ -384,7 +384,9 @@ void host_envir_early_init() {
   incl_search_path = end_incl_search_path = sys_incl_search_path = nullptr;
   template_search_path = end_template_search_path = nullptr;
   module_id = nullptr;
-  current_directory_name = fn_get_working_dir();
+  static char *working_dir;
+  std::free(working_dir);
+  current_directory_name = working_dir = fn_get_working_dir();
   const char *base = std::getenv("ZVN_BASE");
   zvn_base_directory = base != nullptr ? base : "";
   std::setlocale(LC_CTYPE, "C");

@@ -2,6 +2,7 @@
 #include "driver/host_envir.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <cstring>
@@ -22,10 +23,7 @@ class Host : public ::testing::Test {
     mem_manage_init();
     host_envir_early_init();
   }
-  void TearDown() override {
-    free_all_memory_regions();
-    std::free(const_cast<char *>(current_directory_name));
-  }
+  void TearDown() override { free_all_memory_regions(); }
 };
 
 std::string split_and_build(const char *path) {
@@ -163,6 +161,21 @@ TEST_F(Host, ReadsUtf16AsUtf8) {
     result += static_cast<char>(c);
   EXPECT_EQ(result, "a\xC3\xA4\xF0\x9F\x98\x80?");  // the lone high surrogate took its follower
   std::fclose(file);
+}
+
+TEST_F(Host, TemporaryFilesDifferAndAreGone) {
+  char *one = fn_tmpnam(), *other = fn_tmpnam();
+  EXPECT_STRNE(one, other);
+  EXPECT_EQ(std::string(start_of_file_name(one)).substr(0, 2), "QX");
+  for (char *name : {one, other}) {
+    EXPECT_EQ(unlink(name), 0);
+    std::free(name);
+  }
+  std::FILE *stream = open_temp_file(true);
+  EXPECT_EQ(std::fwrite("a\n", 1, 2, stream), 2u);
+  std::rewind(stream);
+  EXPECT_EQ(std::fgetc(stream), 'a');
+  std::fclose(stream);
 }
 
 TEST_F(Host, MakesAModuleIdOfNameTimeAndDirectory) {
