@@ -254,10 +254,12 @@ a_callee *a_machine::routine_of(const IF_SYMBOL *symbol) {
   // The fault comes when it is called, so that a program may refer to what it never uses.
   name->callee = callees.emplace_back(std::make_unique<a_callee>()).get();
   name->callee->name = symbol->name;
+  name->callee->is_absent_weak = symbol->has_pragma(fpk_QX_WEAK);
   return name->callee;
 }
 
 std::uint32_t a_machine::address_of_callee(a_callee *callee) {
+  if (callee->is_absent_weak) return 0;
   auto [place, is_new] = callee_addresses.try_emplace(
       callee, code_start + code_stride * static_cast<std::uint32_t>(callee_table.size()));
   if (is_new) callee_table.push_back(callee);

@@ -132,6 +132,7 @@ struct a_callee {
   std::string name;
   a_routine_code *code = nullptr;
   a_host_routine host = nullptr;
+  bool is_absent_weak = false;  // no file defines it, and it need not exist: its address is 0
 };
 
 // A node made ready for execution: names are addresses, types are shapes.
