@@ -6,6 +6,7 @@
 #define __arm__ 1
 #ifdef __QX_EABI__
 #define __ARM_EABI__ 1
+#define __VFP_FP__ 1 /* the words of a double are in the order of the bytes */
 #endif
 #ifdef __little_endian__
 #define __ARMEL__ 1

@@ -22,6 +22,7 @@ struct a_command_line {
   int byte_order = -1;                 // 1 big, 0 little, -1 as the file says
   bool trace = false;
   bool check_alignment = true;
+  bool whole_words = false;
   std::uint64_t limit = 0;
   std::uint32_t memory_megabytes = 256;
   std::uint32_t stack_megabytes = 8;
@@ -36,6 +37,7 @@ int usage() {
                "  --memory N     megabytes of memory (256)\n"
                "  --stack N      megabytes of stack (8)\n"
                "  --unaligned    allows accesses that are not aligned\n"
+               "  --whole-words  allows reads of an aligned word up to its end\n"
                "  --trace        shows calls\n");
   return status_usage;
 }
@@ -62,6 +64,8 @@ bool read_command_line(int argc, char **argv, a_command_line *line) {
       line->trace = true;
     } else if (std::strcmp(word, "--unaligned") == 0) {
       line->check_alignment = false;
+    } else if (std::strcmp(word, "--whole-words") == 0) {
+      line->whole_words = true;
     } else if (std::strcmp(word, "--limit") == 0) {
       if (!number(~std::uint64_t{0}, &line->limit)) return false;
     } else if (std::strcmp(word, "--memory") == 0) {
@@ -96,6 +100,7 @@ int run(const a_command_line &line) {
   a_machine machine(line.memory_megabytes << 20, line.stack_megabytes << 20);
   machine.trace = line.trace;
   machine.check_alignment = line.check_alignment;
+  machine.memory.whole_words = line.whole_words;
   machine.limit = line.limit;
   try {
     for (IF_READER &file : files)

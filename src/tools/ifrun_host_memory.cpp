@@ -152,6 +152,31 @@ a_value duplicate(a_machine &m, args a, shape) {
   return int_value(copy);
 }
 
+// The next word of a text at *position, which moves on.
+a_value next_word(a_machine &m, std::uint32_t text, const std::string &separators,
+                  std::uint32_t position) {
+  if (text == 0) text = static_cast<std::uint32_t>(m.memory.load(position, 4));
+  std::string rest = text == 0 ? std::string() : m.memory.text_at(text);
+  std::size_t start = rest.find_first_not_of(separators);
+  if (start == std::string::npos) {
+    m.memory.store(position, 4, 0);
+    return int_value(0);
+  }
+  std::size_t end = rest.find_first_of(separators, start);
+  if (end != std::string::npos) m.memory.store(text + static_cast<std::uint32_t>(end), 1, 0);
+  m.memory.store(position, 4,
+                 end == std::string::npos ? 0 : text + static_cast<std::uint32_t>(end) + 1);
+  return int_value(text + start);
+}
+a_value host_strtok_r(a_machine &m, args a, shape) {
+  return next_word(m, pointer_argument(a, 0), m.memory.text_at(pointer_argument(a, 1)),
+                   pointer_argument(a, 2));
+}
+a_value host_strtok(a_machine &m, args a, shape) {
+  return next_word(m, pointer_argument(a, 0), m.memory.text_at(pointer_argument(a, 1)),
+                   m.strtok_position);
+}
+
 // A test gives 0 or 1; a mapping gives the character. Both leave what is no character alone.
 template <int (*TEST)(int)>
 a_value character_test(a_machine &, args a, shape r) {
@@ -190,6 +215,8 @@ constexpr a_host_row rows[] = {
     {"strspn", span},
     {"strcspn", span_without},
     {"strdup", duplicate},
+    {"strtok", host_strtok},
+    {"strtok_r", host_strtok_r},
     {"isalpha", character_test<std::isalpha>},
     {"isdigit", character_test<std::isdigit>},
     {"isalnum", character_test<std::isalnum>},

@@ -2,6 +2,7 @@
 // the program, time, and the run-time helpers that compiled code calls by itself.
 #include <algorithm>
 #include <bit>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -72,31 +73,42 @@ void store_end(a_machine &m, args a, const std::string &text, const char *end) {
     m.memory.store(where, 4,
                    pointer_argument(a, 0) + static_cast<std::uint32_t>(end - text.c_str()));
 }
+void set_range_error(a_machine &m) {
+  m.memory.store(m.errno_address, 4, ERANGE);
+}
 a_value host_strtol(a_machine &m, args a, shape r) {
   std::string text = m.memory.text_at(pointer_argument(a, 0));
   char *end;
+  errno = 0;
   long long value = std::strtoll(text.c_str(), &end, static_cast<int>(int_argument(a, 2)));
   store_end(m, a, text, end);
-  if (r.bytes == 4) value = std::clamp<long long>(value, INT32_MIN, INT32_MAX);
+  long long fitting = r.bytes == 4 ? std::clamp<long long>(value, INT32_MIN, INT32_MAX) : value;
+  if (errno == ERANGE || fitting != value) set_range_error(m);
+  value = fitting;
   return host_result(value, r);
 }
 a_value host_strtoul(a_machine &m, args a, shape r) {
   std::string text = m.memory.text_at(pointer_argument(a, 0));
   char *end;
+  errno = 0;
   unsigned long long value =
       std::strtoull(text.c_str(), &end, static_cast<int>(int_argument(a, 2)));
   store_end(m, a, text, end);
   bool negative = text.find('-') < static_cast<std::size_t>(end - text.c_str());
   unsigned long long magnitude = negative ? 0 - value : value;
-  if (r.bytes == 4 && magnitude > UINT32_MAX) value = UINT32_MAX;
+  bool too_large = r.bytes == 4 && magnitude > UINT32_MAX;
+  if (too_large) value = UINT32_MAX;
+  if (errno == ERANGE || too_large) set_range_error(m);
   return host_result(static_cast<std::int64_t>(value), r);
 }
 a_value host_strtod(a_machine &m, args a, shape r) {
   std::string text = m.memory.text_at(pointer_argument(a, 0));
   char *end;
+  errno = 0;
   double value =
       r.vclass == vc_float ? std::strtof(text.c_str(), &end) : std::strtod(text.c_str(), &end);
   store_end(m, a, text, end);
+  if (errno == ERANGE) set_range_error(m);
   return host_float_result(value, r);
 }
 a_value host_atoi(a_machine &m, args a, shape r) {

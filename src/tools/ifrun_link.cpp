@@ -179,6 +179,7 @@ void a_machine::collect_initializers(IF_READER *file) {
 // The objects of the host's library that programs refer to by name.
 void a_machine::place_host_objects() {
   errno_address = alloc_static(4, 4, a_memory::writable);
+  strtok_position = alloc_static(4, 4, a_memory::writable);
   // A block that looks as the C library's reentrancy record does at its start: the error number and
   // the three standard streams, whose addresses are all that the host routines look at.
   std::uint32_t streams = alloc_static(64, 8, a_memory::writable);

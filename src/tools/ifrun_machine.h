@@ -83,6 +83,7 @@ class a_memory {
   a_memory &operator=(const a_memory &) = delete;
 
   bool big_endian = true;
+  bool whole_words = false;  // an aligned word of which any byte is readable may be read
   enum a_state : std::uint8_t { unmapped = 0, read_only = 1, writable = 2 };
   void map(std::uint32_t address, std::uint32_t size, a_state state);
   // The bytes of a range, after the check that all may be read (or written).
@@ -105,6 +106,7 @@ class a_memory {
   void set_heap(std::uint32_t start, std::uint32_t end);
 
  private:
+  bool may_read_whole_word(std::uint32_t address, std::uint32_t size) const;
   [[noreturn]] void bad_access(std::uint32_t address, std::uint32_t size, bool writes);
   std::uint8_t *bytes;
   std::uint8_t *states;
@@ -248,6 +250,7 @@ class a_machine {
   std::unordered_map<std::uint32_t, int> returned_jumps;  // value that setjmp gives next
   std::vector<std::uint32_t> exit_routines;
   std::uint32_t errno_address = 0;
+  std::uint32_t strtok_position = 0;   // address of the pointer that strtok keeps
   std::uint32_t standard_streams = 0;  // address of stdin, 8 bytes before stdout, 16 before stderr
 
   // Places of globals, for the rooms that link and prepare code.

@@ -52,10 +52,20 @@ void a_memory::bad_access(std::uint32_t address, std::uint32_t size, bool writes
   fault(text);
 }
 
+// Routines that read strings by words look behind their end, but never into a word of its own.
+bool a_memory::may_read_whole_word(std::uint32_t address, std::uint32_t size) const {
+  if (!whole_words || size > 4 || address % size != 0) return false;
+  for (std::uint32_t i = 0; i < size; i++)
+    if (states[address + i] != unmapped) return true;
+  return false;
+}
+
 std::uint8_t *a_memory::readable_range(std::uint32_t address, std::uint32_t size) {
   if (address > total || size > total - address) bad_access(address, size, false);
-  if (size != 0 && std::memchr(states + address, unmapped, size) != nullptr)
-    bad_access(address, size, false);
+  const void *hole = size != 0 ? std::memchr(states + address, unmapped, size) : nullptr;
+  if (hole != nullptr && !may_read_whole_word(address, size))
+    bad_access(static_cast<std::uint32_t>(static_cast<const std::uint8_t *>(hole) - states), size,
+               false);
   return bytes + address;
 }
 
