@@ -11,7 +11,7 @@ A line that must give a message has, directly under it, a comment for each one:
     // expect: error #20 identifier "y"
 The caret, where there is one, stands under the column. Severity, number and a part of the text must
 agree, and no message may come that is not expected. A name that begins with bad_ means that the
-compilation fails with status 2 and leaves no file; every other case must give a file that ifdump can
+compilation fails with status 2 (or that of a second line "// status: N") and leaves no file; every other case must give a file that ifdump can
 read. OUTPUT_DIR receives the files.
 """
 import os
@@ -110,7 +110,8 @@ def run_case(qxparse, ifdump, output_dir, path):
         os.remove(listing_name)
     problems = differences(expectations(lines), messages(stderr, listing))
     must_fail = name.startswith('bad_')
-    if run.returncode != (2 if must_fail else 0):
+    status = next((int(row.split(':')[1]) for row in lines[:2] if row.startswith('// status:')), 2 if must_fail else 0)
+    if run.returncode != status:
         problems.append(f'status {run.returncode}')
         problems += ['  ' + row for row in stderr.splitlines()[:8]]
     if must_fail and os.path.exists(output):

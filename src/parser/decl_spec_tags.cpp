@@ -180,4 +180,6 @@ a_type *class_specifier(a_decl_parse_state *state, std::uint32_t flags) {
 }
 
 // typedef struct { ... } name;   the nameless type takes the name for messages and linkage.
-void set_name_linkage_for_type(a_type *type) { type->is_typedef_of_unnamed = true; }
+void set_name_linkage_for_type(a_type *type) {
+  type->is_typedef_of_unnamed = true;
+}

@@ -86,6 +86,7 @@ void set_constant_bound(a_declarator_scan &scan, a_type **array, const a_constan
     return;
   }
   (*array)->number_of_elements = bound->integer_value;
+  error_position = *position;  // of a message about the size
   if (order == 0) {
     (*array)->zero_bound = true;
     if (report_gnu_extensions) pos_warning(ec_zero_length_array_is_gnu_extension, position);
@@ -97,7 +98,7 @@ void scan_parameter_bound() {
   an_expr_node *node = nullptr;
   a_constant constant;
   clear_constant(&constant, ck_error);
-  scan_nonconstant_dimension_expression(0, &node, &constant);
+  scan_nonconstant_dimension_expression(ndf_value_is_forgotten, &node, &constant);
 }
 
 void scan_bound(a_declarator_scan &scan, bool is_outermost, a_type **array) {

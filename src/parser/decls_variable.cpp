@@ -192,7 +192,11 @@ a_symbol *make_error_variable(a_variable_decl &decl) {
 // one.
 void apply_asm_name(a_variable_decl &decl, a_variable *variable) {
   a_decl_parse_state *state = decl.state;
-  if (state->asm_name == nullptr) return;
+  if (state->asm_name == nullptr) {
+    if (state->register_at_file_scope && gcc_mode && !in_cplusplus())
+      pos_error(ec_bad_file_scope_storage_class, &decl.position);
+    return;
+  }
   bool is_register = state->storage_class == dsc_register || state->register_at_file_scope;
   if (is_register) {
     if (name_to_register(state->asm_name) == invalid_register)

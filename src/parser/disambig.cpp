@@ -123,8 +123,16 @@ bool is_type_start(unsigned flags) {
   }
 }
 
+// x y;   where x is not declared: a declaration whose type is misspelt.
+static bool is_misspelt_type() {
+  a_symbol_locator locator = locator_for_curr_id;
+  return normal_id_lookup(&locator, 0) == nullptr && next_token() == tok_identifier;
+}
+
 bool is_decl_start(unsigned flags) {
-  if (curr_token == tok_identifier) return curr_type_symbol() != nullptr;
+  if (curr_token == tok_identifier)
+    return curr_type_symbol() != nullptr ||
+           ((flags & dst_statement) != 0 && !in_cplusplus() && is_misspelt_type());
   if (curr_token == tok_extension) {
     // __extension__ int x;     __extension__ (x + 1);
     a_token_cache cache;

@@ -278,7 +278,7 @@ void scan_constant_dimension_expression(a_constant *constant) {
   scan_integral_constant_expression(constant);
 }
 
-void scan_nonconstant_dimension_expression(int, an_expr_node **node, a_constant *constant) {
+void scan_nonconstant_dimension_expression(int flags, an_expr_node **node, a_constant *constant) {
   a_full_expression context(ek_normal);
   *node = nullptr;
   clear_constant(constant, ck_error);
@@ -295,6 +295,9 @@ void scan_nonconstant_dimension_expression(int, an_expr_node **node, a_constant 
     return;
   }
   *node = make_node_from_operand(&operand);
+  if ((flags & ndf_value_is_forgotten) != 0 && has_effect(*node))
+    expr_pos_st_error(ec_not_supported, &operand.start_pos,
+                      "an array bound of a parameter that has an effect is");
 }
 
 a_constant *scan_case_label_constant(a_type *, a_type *promoted_type) {

@@ -30,6 +30,9 @@ an_expr_node *scan_return_expression(a_type *type, a_dynamic_init **init);
 void scan_integral_constant_expression(a_constant *constant);
 void scan_bool_constant_expression(a_constant *constant);
 void scan_constant_dimension_expression(a_constant *constant);
+enum a_dimension_flag : int {
+  ndf_value_is_forgotten = 1,  // of a parameter: an expression with an effect is refused
+};
 // An array bound: a constant, or *node is set to a bound that is computed.
 void scan_nonconstant_dimension_expression(int flags, an_expr_node **node, a_constant *constant);
 // Converted to the promoted type of the selector; null after an error.

@@ -85,7 +85,7 @@ void scan_arguments(a_type *routine_type, an_argument_list *list) {
     }
   }
   remove_stop_token(tok_comma);
-  if (prototyped && param != nullptr && !list->has_error) {
+  if (prototyped && param != nullptr && !list->has_error && curr_token == tok_rparen) {
     expr_pos_error(ec_too_few_arguments, &pos_curr_token);
     list->has_error = true;
   }

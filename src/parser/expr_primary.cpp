@@ -421,6 +421,10 @@ void scan_primary(an_operand *result) {
     case tok_extension:
       scan_extension(result);
       return;
+    case tok_error:  // reported when it was read
+      make_error_operand(result);
+      get_token();
+      return;
     case tok_nan:
     case tok_infinity:
     case tok_i:

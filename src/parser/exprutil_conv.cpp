@@ -79,9 +79,19 @@ void prep_assignment_operand(an_operand *operand, a_type *type, an_error_code co
     conv_to_error_operand(operand);
     return;
   }
-  if (descr.warning_code != ec_no_error)
+  // Other compilers take these, and so do their modes.
+  if (descr.is_incompatible_c_conversion) {
+    bool is_error = !gcc_mode && !in_pcc_mode();
+    expr_pos_ty2_diagnostic(is_error ? es_error : es_warning, code, &operand->start_pos,
+                            operand->type, target);
+    if (is_error) {
+      conv_to_error_operand(operand);
+      return;
+    }
+  } else if (descr.warning_code != ec_no_error) {
     expr_pos_ty2_diagnostic(es_warning, descr.warning_code, &operand->start_pos, operand->type,
                             target);
+  }
   if (is_class_struct_union_type(target)) {
     if (is_union_type(target) && !identical_types_ignoring_qualifiers(operand->type, target))
       expr_pos_st_error(ec_not_supported, &operand->start_pos,

@@ -324,7 +324,11 @@ void scan_expression_statement() {
     unreachable_reported = true;
   }
   statement->end_position = end_pos_curr_token;
-  required_token(tok_semicolon, ec_exp_semicolon);
+  // What follows a mistake in the expression is no second one.
+  if (node != nullptr && node->kind == enk_error && curr_token != tok_semicolon)
+    flush_tokens_without_warning();
+  if (node == nullptr || node->kind != enk_error || curr_token == tok_semicolon)
+    required_token(tok_semicolon, ec_exp_semicolon);
   remove_stop_token(tok_semicolon);
 }
 
@@ -380,6 +384,7 @@ void scan_end_of_block_after_label() {
 // A token that starts no statement: else, catch, ) and their like. Always moves on.
 void scan_stray_token() {
   std::uint32_t before = curr_token_sequence_number;
+  error_position = pos_curr_token;
   syntax_error(ec_exp_statement);
   if (curr_token == tok_semicolon) {
     get_token();

@@ -75,11 +75,25 @@ void warn_if_body_is_empty(an_error_code code) {
 
 }  // namespace
 
+bool scan_left_paren_of_condition() {
+  add_stop_token(tok_semicolon);
+  add_stop_token(tok_lbrace);
+  bool is_there = required_token(tok_lparen, ec_exp_lparen);
+  remove_stop_token(tok_lbrace);
+  remove_stop_token(tok_semicolon);
+  return is_there;
+}
+
 an_expr_node *scan_condition(bool *is_true, bool *is_false) {
   add_stop_token(tok_rparen);
-  required_token(tok_lparen, ec_exp_lparen);
-  an_expr_node *node = scan_boolean_controlling_expression();
-  required_token(tok_rparen, ec_exp_rparen);
+  an_expr_node *node;
+  if (scan_left_paren_of_condition()) {
+    node = scan_boolean_controlling_expression();
+    required_token(tok_rparen, ec_exp_rparen);
+  } else {
+    node = error_node();
+    if (curr_token == tok_rparen) get_token();
+  }
   remove_stop_token(tok_rparen);
   find_truth_value(node, is_true, is_false);
   return node;
@@ -179,16 +193,13 @@ void scan_do_statement() {
   finish_loop_body();
   a_reachability at_condition = curr_reachability();
   bool is_true = false, is_false = false;
-  if (required_token(tok_while, ec_exp_while)) {
-    statement->expr = scan_condition(&is_true, &is_false);
-  } else {
-    statement->expr = error_node();
-  }
+  bool has_while = required_token(tok_while, ec_exp_while);
+  statement->expr = has_while ? scan_condition(&is_true, &is_false) : error_node();
   top_stmt_entry().condition_is_true = is_true;
   top_stmt_entry().condition_is_false = is_false;
   remove_stop_token(tok_while);
   statement->end_position = end_pos_curr_token;
-  required_token(tok_semicolon, ec_exp_semicolon);
+  if (has_while || curr_token == tok_semicolon) required_token(tok_semicolon, ec_exp_semicolon);
   remove_stop_token(tok_semicolon);
   finish_loop(at_condition);
 }

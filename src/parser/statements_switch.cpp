@@ -250,11 +250,17 @@ void scan_switch_statement() {
   push_struct_stmt_entry(ssk_switch, statement);
   get_token();
   add_stop_token(tok_rparen);
-  required_token(tok_lparen, ec_exp_lparen);
+  bool has_paren = scan_left_paren_of_condition();
   a_source_position expr_position = pos_curr_token;
-  a_type *orig_type = nullptr;
-  statement->expr = scan_integer_expression(&orig_type);
-  required_token(tok_rparen, ec_exp_rparen);
+  a_type *orig_type = integer_type(ik_int);
+  if (has_paren) {
+    statement->expr = scan_integer_expression(&orig_type);
+    required_token(tok_rparen, ec_exp_rparen);
+  } else {
+    statement->expr = error_node();
+    statement->expr->type = orig_type;
+    if (curr_token == tok_rparen) get_token();
+  }
   remove_stop_token(tok_rparen);
   if (statement->expr->kind == enk_constant)
     pos_remark(ec_switch_selector_expr_is_constant, &expr_position);

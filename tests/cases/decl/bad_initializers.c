@@ -7,8 +7,8 @@ int b[3] = {[5] = 1};
 //           ^
 // expect: error #177 subscript out of range
 int c = f();
-//      ^
-// expect: error #28 expression must have a constant value
+//       ^
+// expect: error #60 function call is not allowed in a constant expression
 char d[3] = "abc";
 char e[2] = "abc";
 //          ^

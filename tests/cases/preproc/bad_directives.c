@@ -1,6 +1,6 @@
 // options: --gcc
 #define f(a, a) a
-// expect: error #50 more than once
+// expect: error #50 duplicate macro parameter
 //           ^
 #define g(a) #b
 // expect: error #53 macro parameter

@@ -1,7 +1,8 @@
 // options: --gcc
 #define two(a, b) a b
 int two(i,) = 1;
-int j = two(1, 2, 3);
+#define sum(a, b) a + b
+int j = sum(1, 2, 3);
 // expect: error #56 too many
-int k = two(1);
+int k = sum(1);
 // expect: error #55 too few
