@@ -21,9 +21,9 @@ FORMS = [[], ['--no-packed-struct'], ['--no-unions'], ['--no-bitfields', '--no-p
 OURS = ['--c11', '--gcc', '--abi=eabi', '--wchar_t_bits=32', '--no_warnings', '-D__GNUC__=4', '-D__GNUC_MINOR__=8']
 
 
-def run(command, seconds):
+def run(command, seconds, directory=None):
     try:
-        done = subprocess.run(command, capture_output=True, timeout=seconds, errors='replace')
+        done = subprocess.run(command, capture_output=True, timeout=seconds, errors='replace', cwd=directory)
         return done.returncode, done.stdout, done.stderr
     except subprocess.TimeoutExpired:
         return None, '', 'does not end'
@@ -31,7 +31,7 @@ def run(command, seconds):
 
 def make_program(seed, path):
     form = FORMS[seed % len(FORMS)]
-    status, text, _ = run(['csmith', '--seed', str(seed), '--max-block-depth', '4', *form], 60)
+    status, text, _ = run(['csmith', '--seed', str(seed), '--max-block-depth', '4', *form], 60, os.path.dirname(path))
     if status != 0:
         return False
     with open(path, 'w') as stream:
@@ -62,7 +62,8 @@ def one_order(job, order, wanted):
         status, text, more = run([sys.executable, decoder, output], 120)
     if status != 0:
         return 'file: ' + (text + more).strip()[:300]
-    status, text, more = run([ifrun, '--limit', '4000000000', output], 300)
+    # Pointers to members of packed structs are used as if they were aligned.
+    status, text, more = run([ifrun, '--unaligned', '--limit', '4000000000', output], 300)
     if status != 0:
         return f'run: status {status} {more.strip()[:300]}'
     if text != wanted:

@@ -43,7 +43,6 @@ int s[](void);
 int h(void), k(void) { return 1; }
 //                   ^
 // expect: error #66 expected a ";"
-int passed_over(int x = 3) { return x; }
 int restart;
 int after = 1.5 % 2;
 //          ^

@@ -52,7 +52,7 @@
 #define redefined 1
 #define redefined 2
 //      ^
-// expect: warning #48 incompatible redefinition of macro "redefined" (declared at line 20)
+// expect: warning #48 incompatible redefinition of macro "redefined"
 #ifdef
 //    ^
 // expect: error #41 expected an identifier

@@ -19,7 +19,7 @@ l: ;
     case 1:
     case 1:
 //       ^
-// expect: error #1851 case label value has already appeared in this switch at line 12
+// expect: error #1851 case label value has already appeared in this switch
       break;
     case i:
 //       ^

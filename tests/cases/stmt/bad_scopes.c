@@ -32,17 +32,17 @@ int p(void) { return o(); }
 void q(int);
 void q(double);
 //   ^
-// expect: error #148 declaration is incompatible with function "q" (declared at line 14)
+// expect: error #148 declaration is incompatible with function "q"
 int q;
 //  ^
-// expect: error #148 declaration is incompatible with function "q" (declared at line 14)
+// expect: error #148 declaration is incompatible with function "q"
 struct tag { int a; };
 union tag u;
 //    ^
-// expect: error #471 tag kind of union is incompatible with declaration of struct "tag" (declared at line 17)
+// expect: error #471 tag kind of union is incompatible with declaration of struct "tag"
 enum tag et;
 //   ^
-// expect: error #471 tag kind of enum is incompatible with declaration of struct "tag" (declared at line 17)
+// expect: error #471 tag kind of enum is incompatible with declaration of struct "tag"
 extern int r;
 static int r;
 //         ^
@@ -58,7 +58,7 @@ int t = 2;
 typedef int U;
 typedef long U;
 //           ^
-// expect: error #258 invalid redeclaration of type "U" (declared at line 26)
+// expect: error #258 invalid redeclaration of type "U"
 void v(void) { return; int after; after = 1; }
 //                                ^
 // expect: warning #112 statement is unreachable
