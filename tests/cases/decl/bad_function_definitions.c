@@ -40,10 +40,9 @@ int main(int, char **);
 int s[](void);
 //   ^
 // expect: error #89 array of functions is not allowed
-int h(void), k(void) { return 1; }
+int h(void), k(void) { return 1; } int restart;
 //                   ^
 // expect: error #66 expected a ";"
-int restart;
 int after = 1.5 % 2;
 //          ^
 // expect: error #31 expression must have integral type
