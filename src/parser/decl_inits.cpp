@@ -238,6 +238,7 @@ void initializer(a_decl_parse_state *state, const a_source_position *, bool, boo
   a_constant *value = is_error_type(type) && !walk.has_pending
                           ? skip_initializer(walk)
                           : scan_object_initializer(walk, &type);
+  drop_pending(walk);
   if (state->static_storage) switch_back_to_original_region(saved_region);
   if (usable)
     attach_value(state, walk, type, value, &position);
@@ -253,6 +254,7 @@ void scan_compound_literal_initializer(a_decl_parse_state *state) {
   state->initializer_seen = true;
   a_type *type = state->type;
   a_constant *value = scan_object_initializer(walk, &type);
+  drop_pending(walk);
   if (walk.error) {
     state->initializer_in_error = true;
     if (is_array_type(type) && is_incomplete_array_type(type)) type = error_type();

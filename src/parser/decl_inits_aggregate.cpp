@@ -441,6 +441,11 @@ a_constant *scan_aggregate(an_init_walk &walk, a_type **type, a_brace_form form)
     remove_stop_token(tok_comma);
     remove_stop_token(tok_rbrace);
     required_token(tok_rbrace, ec_exp_rbrace);
+  } else if (walk.has_pending) {
+    // struct { struct {} e; int i; } s = {1};  The value is that of e, which has no room for it.
+    an_aggregate_walk list = {&walk, form, aggregate, true, false};
+    report_excess(list);
+    drop_pending(walk);
   }
   --walk.depth;
   return aggregate;

@@ -44,6 +44,7 @@ void fetch_operand(an_init_walk &walk);
 a_type *type_of_pending(const an_init_walk &walk);
 // Converts the pending expression to a scalar type, or to its own class type.
 a_constant *convert_pending(an_init_walk &walk, a_type *type);
+void drop_pending(an_init_walk &walk);  // if there is one
 // A scalar without braces.
 a_constant *scan_scalar_value(an_init_walk &walk, a_type *type);
 // { value }

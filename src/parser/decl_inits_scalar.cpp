@@ -88,6 +88,12 @@ a_constant *convert_pending(an_init_walk &walk, a_type *type) {
   return wrap_dynamic_value(walk, node, type);
 }
 
+void drop_pending(an_init_walk &walk) {
+  if (!walk.has_pending) return;
+  walk.has_pending = false;
+  abandon_initializer_expression();
+}
+
 a_constant *scan_scalar_value(an_init_walk &walk, a_type *type) {
   if (!walk.has_pending) {
     a_constant *literal = take_plain_literal(type);

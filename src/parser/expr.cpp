@@ -351,6 +351,10 @@ bool finish_initializer_expression(an_expr_stack_entry *, an_operand *operand, a
   return ok;
 }
 
+void abandon_initializer_expression() {
+  pop_expr_stack();
+}
+
 a_type *scan_typeof() {
   a_full_expression context(ek_unevaluated);
   an_operand operand;

@@ -51,6 +51,8 @@ void scan_initializer_operand(an_operand *operand);
 bool finish_initializer_expression(an_expr_stack_entry *entry, an_operand *operand, a_type *type,
                                    bool constant_required, a_constant *constant,
                                    an_expr_node **node);
+// Nothing takes the operand.
+void abandon_initializer_expression();
 
 // ---- Parts -------------------------------------------------------------------------------------
 

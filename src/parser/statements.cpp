@@ -93,10 +93,12 @@ void pop_struct_stmt_entry() {
   if (depth_stmt_stack >= 0 && has_label_or_case) top_stmt_entry().has_label_or_case = true;
 }
 
+// while (({ if (n) break; n--; })) ...  A jump in a controlling expression belongs to what is
+// around the loop.
 int nearest_stmt_entry(a_struct_stmt_kind first, a_struct_stmt_kind last) {
   for (int depth = depth_stmt_stack; depth >= 0; --depth) {
-    a_struct_stmt_kind kind = stmt_entry(depth).kind;
-    if (kind >= first && kind <= last) return depth;
+    const a_struct_stmt_stack_entry &entry = stmt_entry(depth);
+    if (entry.kind >= first && entry.kind <= last && entry.in_body) return depth;
   }
   return -1;
 }

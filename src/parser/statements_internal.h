@@ -32,6 +32,7 @@ struct a_struct_stmt_stack_entry {
   bool condition_is_true : 1;   // constant and not zero, or no condition at all
   bool condition_is_false : 1;  // constant and zero
   bool in_else : 1;             // of an if: the else branch is being read
+  bool in_body : 1;             // the dependent statement is being read
   a_statement *statement;
   a_statement *wrapper;         // block that holds the dependent statements; null: at most one came
   a_statement *last_statement;  // of the list that is being built; null: it is empty

@@ -73,6 +73,24 @@ void warn_if_body_is_empty(an_error_code code) {
   if (curr_token == tok_semicolon) pos_warning(code, &pos_curr_token);
 }
 
+// The statement with a block of its own around it.
+void scan_statement_as_block() {
+  a_statement *block = alloc_statement(stmk_block);
+  block->position = pos_curr_token;
+  block->is_generated = true;
+  block->block_supplement->is_generated = true;
+  add_statement_to_list(block);
+  push_block_scope(nullptr);
+  push_struct_stmt_entry(ssk_block, block);
+  // A declaration is no statement; in C++ the block around it makes it one.
+  scan_statement(!in_cplusplus(), false);
+  block->end_position = block->block_supplement->end_position = pos_curr_token;
+  block->block_supplement->scope = top_scope().il_scope;
+  if (top_scope().il_scope != nullptr) top_scope().il_scope->block = block;
+  pop_struct_stmt_entry();
+  pop_block_scope(false);
+}
+
 }  // namespace
 
 bool scan_left_paren_of_condition() {
@@ -100,24 +118,13 @@ an_expr_node *scan_condition(bool *is_true, bool *is_false) {
 }
 
 void scan_dependent_statement() {
-  if (curr_token == tok_lbrace || !body_is_a_scope()) {
+  const int depth = depth_stmt_stack;
+  stmt_entry(depth).in_body = true;
+  if (curr_token == tok_lbrace || !body_is_a_scope())
     scan_statement(true, false);
-    return;
-  }
-  a_statement *block = alloc_statement(stmk_block);
-  block->position = pos_curr_token;
-  block->is_generated = true;
-  block->block_supplement->is_generated = true;
-  add_statement_to_list(block);
-  push_block_scope(nullptr);
-  push_struct_stmt_entry(ssk_block, block);
-  // A declaration is no statement; in C++ the block around it makes it one.
-  scan_statement(!in_cplusplus(), false);
-  block->end_position = block->block_supplement->end_position = pos_curr_token;
-  block->block_supplement->scope = top_scope().il_scope;
-  if (top_scope().il_scope != nullptr) top_scope().il_scope->block = block;
-  pop_struct_stmt_entry();
-  pop_block_scope(false);
+  else
+    scan_statement_as_block();
+  stmt_entry(depth).in_body = false;
 }
 
 // if ( expression ) statement [ else statement ]

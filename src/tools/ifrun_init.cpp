@@ -32,8 +32,8 @@ class a_walk {
   explicit a_walk(const TYPE *type) : root(type) {}
 
   a_place_for_value next_place() {
-    close_finished();
     for (;;) {
+      close_finished();  // also a class without members, when it was just opened
       a_place_for_value place = next_part();
       if (!is_aggregate(place.type)) return place;
       open(place);
@@ -62,8 +62,8 @@ class a_walk {
       return;
     }
     // The aggregate was not opened yet: it is skipped whole.
-    close_finished();
     for (;;) {
+      close_finished();
       a_place_for_value place = next_part();
       if (place.type->stripped->size_in_bytes() == bytes) return;
       if (!is_aggregate(place.type)) bad_file("an initial value skips what is not there");

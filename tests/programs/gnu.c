@@ -32,6 +32,19 @@ static long long counted(unsigned x) {
   return __builtin_clz(x) + __builtin_ctz(x) * 100 + __builtin_popcount(x) * 10000 + __builtin_ffs(x) * 1000000 + __builtin_parity(x) * 100000000;
 }
 
+// A jump in a controlling expression leaves what is around the loop or switch.
+static int jumps_in_conditions(int n) {
+  int steps = 0;
+  while (n) {
+    while (({ if (n > 3) break; n++; steps++; 1; })) steps += 10;
+    do n += 3; while (({ if (n == 7) continue; if (n > 20) break; 0; }));
+    switch (({ if (n == 11) break; n; })) { default: return steps + n; }
+  }
+  return steps * 1000 + n;
+}
+struct nothing {};
+static struct { struct nothing none; int a, b; } short_of_room = {1, 2};
+
 int main(void) {
   int i = 3, j = 8;
   double d = 2.5;
@@ -55,5 +68,7 @@ int main(void) {
   printf("%d\n", (int)__builtin_offsetof(struct pair, b));
   printf("%s %s\n", __func__, __FUNCTION__);
   printf("%d\n", __builtin_expect(i == 3, 1) ? 1 : 0);
+  for (i = 0; i < 12; i++) printf("%d ", jumps_in_conditions(i));
+  printf("%d %d\n", short_of_room.a, short_of_room.b);
   return 0;
 }
