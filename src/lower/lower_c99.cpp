@@ -8,7 +8,18 @@
 
 namespace {
 
-// What of a type has no lowered form, as a subject for the message; null: nothing.
+const char *unlowered_part(const a_type *type);
+
+const char *unlowered_part_of_routine_type(const a_type *type) {
+  const char *part = unlowered_part(type->return_type);
+  for (a_param_type *p = type->routine_supplement->param_types; p != nullptr && part == nullptr;
+       p = p->next)
+    part = unlowered_part(p->type);
+  return part;
+}
+
+// What of a type has no lowered form, as a subject for the message; null: nothing. The members of a
+// class are told where the class is.
 const char *unlowered_part(const a_type *type) {
   for (; type->kind == tk_typeref; type = type->referenced_type)
     if ((type->qualifiers & tq_atomic) != 0) return "an _Atomic type is";
@@ -20,8 +31,9 @@ const char *unlowered_part(const a_type *type) {
       if (type->is_vla) return "a variable-length array is";
       return unlowered_part(type->element_type);
     case tk_pointer:
-      type = skip_typerefs(static_cast<const a_type *>(type->pointed_to));
-      return type->kind == tk_array && is_vla_type(type) ? "a variable-length array is" : nullptr;
+      return unlowered_part(type->pointed_to);
+    case tk_routine:
+      return unlowered_part_of_routine_type(type);
     default:
       return nullptr;
   }

@@ -381,9 +381,19 @@ void lower_constant(a_constant *constant) {
   lower_ordered_constant(constant);
 }
 
+static void check_members(const a_type *type) {
+  if (!is_class_struct_union_type(type)) return;
+  for (a_field *field = type->fields; field != nullptr; field = field->next)
+    report_unlowered_c99_type(field->type, &field->decl_position);
+}
+
 void lower_variables_of_scope(a_scope *scope) {
-  for (a_variable *v = scope->variables; v != nullptr; v = v->next)
+  for (a_type *type = scope->types; type != nullptr; type = type->next)
+    if (type->kind != tk_typeref) check_members(type);
+  for (a_variable *v = scope->variables; v != nullptr; v = v->next) {
+    if (v->defined && report_unlowered_c99_type(v->type, &v->decl_position)) continue;
     lower_initial_value(v);
+  }
   for (a_scope *inner = scope->nested_scopes; inner != nullptr; inner = inner->next)
     lower_variables_of_scope(inner);
 }

@@ -96,6 +96,7 @@ void lower_function_scope(a_routine *routine, a_scope *scope) {
   if (in_cplusplus() || routine->body_lowered || !may_lower()) return;
   a_scope_guard guard(routine, scope);
   routine->body_lowered = true;
+  if (report_unlowered_c99_type(routine->type, &routine->decl_position)) return;
   lower_variables_of_scope(scope);
   for (a_variable *p = scope->parameters; p != nullptr; p = p->next)
     report_unlowered_c99_type(p->type, &p->decl_position);

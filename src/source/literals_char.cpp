@@ -553,7 +553,7 @@ a_token_kind reject_ud_suffix(a_token_kind kind) {
   if (!user_defined_literals_enabled || fetch_pp_tokens) return kind;
   const char *end = end_of_ud_suffix(curr_char_loc);
   if (end == curr_char_loc) return kind;
-  error_at(ec_not_supported, curr_char_loc);
+  not_supported_at(curr_char_loc, "a user-defined literal is");
   set_error_constant(&const_for_curr_token);
   set_curr_token_text(start_of_curr_token, end);
   return kind;

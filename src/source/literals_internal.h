@@ -7,6 +7,7 @@
 
 // Reports at a character of the line.
 void report_at(an_error_severity severity, an_error_code code, const char *loc);
+void not_supported_at(const char *loc, const char *subject);
 inline void error_at(an_error_code code, const char *loc) { report_at(es_error, code, loc); }
 inline void warn_at(an_error_code code, const char *loc) { report_at(es_warning, code, loc); }
 

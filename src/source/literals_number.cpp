@@ -228,7 +228,10 @@ void convert_number(const a_number_scan *scan, an_error_code *err, const char **
 }
 
 void take_number_error(an_error_code err, const char *err_loc) {
-  error_at(err, err_loc);
+  if (err == ec_not_supported)
+    not_supported_at(err_loc, "a user-defined literal is");
+  else
+    error_at(err, err_loc);
   set_error_constant(&const_for_curr_token);
 }
 
@@ -238,6 +241,12 @@ void report_at(an_error_severity severity, an_error_code code, const char *loc) 
   a_source_position pos;
   source_position_at(loc, &pos);
   pos_diagnostic(severity, code, &pos);
+}
+
+void not_supported_at(const char *loc, const char *subject) {
+  a_source_position pos;
+  source_position_at(loc, &pos);
+  pos_st_error(ec_not_supported, &pos, subject);
 }
 
 a_token_kind scan_number(const char *start) {
@@ -475,7 +484,8 @@ void conv_float_literal(bool is_hex, an_error_code *err, const char **err_loc) {
     return;
   }
   if (suffix.is_imaginary) {  // complex values are not there yet
-    *err = ec_not_supported;
+    not_supported_at(start, "a complex constant is");
+    set_error_constant(&const_for_curr_token);
     return;
   }
   set_float_constant(&const_for_curr_token, &value, float_type(suffix.kind));

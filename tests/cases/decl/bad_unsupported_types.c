@@ -1,0 +1,38 @@
+// options: --c11 --gcc
+// Types that are read and have no form yet are told wherever they would need one; where nothing
+// needs them, as in the prototypes of headers, they stay.
+double _Complex unused(double _Complex z);
+double _Complex object;
+//              ^
+// expect: error #1489 a complex type is not supported
+float _Complex *pointer;
+//              ^
+// expect: error #1489 a complex type is not supported
+struct with_member {
+  double _Complex member;
+//                ^
+// expect: error #1489 a complex type is not supported
+} in_struct;
+double _Complex (*call)(int);
+//                ^
+// expect: error #1489 a complex type is not supported
+int parameter(double _Complex z) { return 0; }
+//  ^
+// expect: error #1489 a complex type is not supported
+int local(void) {
+  double _Complex z;
+//                ^
+// expect: error #1489 a complex type is not supported
+  return sizeof z;
+}
+double constant = 1.0i;
+//                ^
+// expect: error #1489 a complex constant is not supported
+_Atomic int atomic;
+// expect: error #1489 _Atomic not supported
+int sized(int n) {
+  int array[n];
+//          ^
+// expect: error #1489 a variable-length array is not supported
+  return 0;
+}
