@@ -394,6 +394,8 @@ void lower_variables_of_scope(a_scope *scope) {
     if (v->defined && report_unlowered_c99_type(v->type, &v->decl_position)) continue;
     lower_initial_value(v);
   }
+  for (a_variable *v = scope->local_variables; v != nullptr; v = v->next)
+    report_unlowered_c99_type(v->type, &v->decl_position);
   for (a_scope *inner = scope->nested_scopes; inner != nullptr; inner = inner->next)
     lower_variables_of_scope(inner);
 }

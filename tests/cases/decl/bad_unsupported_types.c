@@ -19,20 +19,3 @@ double _Complex (*call)(int);
 int parameter(double _Complex z) { return 0; }
 //  ^
 // expect: error #1489 a complex type is not supported
-int local(void) {
-  double _Complex z;
-//                ^
-// expect: error #1489 a complex type is not supported
-  return sizeof z;
-}
-double constant = 1.0i;
-//                ^
-// expect: error #1489 a complex constant is not supported
-_Atomic int atomic;
-// expect: error #1489 _Atomic not supported
-int sized(int n) {
-  int array[n];
-//          ^
-// expect: error #1489 a variable-length array is not supported
-  return 0;
-}
