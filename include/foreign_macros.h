@@ -24,6 +24,13 @@
 #endif
 #define __FLOAT_WORD_ORDER__ __BYTE_ORDER__
 
+#define __ATOMIC_RELAXED 0
+#define __ATOMIC_CONSUME 1
+#define __ATOMIC_ACQUIRE 2
+#define __ATOMIC_RELEASE 3
+#define __ATOMIC_ACQ_REL 4
+#define __ATOMIC_SEQ_CST 5
+
 #define __USER_LABEL_PREFIX__
 #define __REGISTER_PREFIX__
 #define __CHAR_UNSIGNED__ 1

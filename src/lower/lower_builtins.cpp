@@ -253,37 +253,7 @@ void lower_signbit(an_expr_node *call) {
   become(call, comma_node(tested.setup, test));
 }
 
-// ---- Calls by size -----------------------------------------------------------------------------
-
-// The size of what the first argument points to.
-std::uint64_t operand_size(const an_expr_node *call) {
-  const an_expr_node *pointer = call->operands->next;
-  while (pointer != nullptr && is_operation_node(pointer, eok_cast) && pointer->is_implicit)
-    pointer = pointer->operands;
-  if (pointer == nullptr || !is_pointer_type(pointer->type)) return 0;
-  a_type *target = f_skip_typerefs(type_pointed_to(pointer->type));
-  return target->kind == tk_void || target->kind == tk_routine ? 0 : target->size;
-}
-
-bool ends_in_size(std::string_view name) {
-  return name.size() > 2 && name[name.size() - 2] == '_' && name.back() >= '1' &&
-         name.back() <= '8';
-}
-
-// __sync_fetch_and_add(p, v) is __sync_fetch_and_add_4(p, v) for an int.
-void lower_sync_operation(an_expr_node *call, const a_routine *routine, int builtin) {
-  if (ends_in_size(routine->name) || builtin == bi_sync_synchronize) {
-    call_plain_routine(call, routine->name);
-    return;
-  }
-  std::uint64_t size = operand_size(call);
-  if (size != 1 && size != 2 && size != 4 && size != 8) {
-    pos_error(ec_invalid_gnu_sync_size, &call->position);
-    return;
-  }
-  std::string name = std::string(routine->name) + "_" + std::to_string(size);
-  call_plain_routine(call, name.c_str());
-}
+// ---- Atomic operations -------------------------------------------------------------------------
 
 // A load cannot release, a store cannot acquire.
 void check_memory_order(const an_expr_node *call, const a_routine *routine, int builtin) {
@@ -553,7 +523,7 @@ void lower_builtins(an_expr_node *call) {
     return;
   int builtin = builtin_function_number(routine);
   if (is_sync_builtin(builtin)) {
-    lower_sync_operation(call, routine, builtin);
+    call_plain_routine(call, routine->name);
   } else if (is_atomic_builtin(builtin)) {
     check_memory_order(call, routine, builtin);
     call_plain_routine(call, routine->name);

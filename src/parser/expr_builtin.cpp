@@ -580,7 +580,7 @@ bool scan_builtin_call(a_routine *routine, an_operand *function, an_operand *res
       scan = scan_va_arg_pack;
       break;
     default:
-      return false;
+      if (!is_generic_atomic_builtin(routine)) return false;
   }
   change_ref_kinds(function, ref_call);
   a_source_position start = function->start_pos;
@@ -589,6 +589,8 @@ bool scan_builtin_call(a_routine *routine, an_operand *function, an_operand *res
   add_stop_token(tok_comma);
   if (scan != nullptr)
     scan(result);
+  else if (is_generic_atomic_builtin(routine))
+    scan_generic_atomic(routine, &start, result);
   else
     scan_quiet_comparison(builtin, result);
   remove_stop_token(tok_comma);

@@ -91,27 +91,6 @@ void scan_arguments(a_type *routine_type, an_argument_list *list) {
   }
 }
 
-// What a call gives. The atomic builtins that fit any size give what their pointer points to.
-a_type *type_of_call(a_routine *routine, a_type *routine_type, const an_expr_node *arguments) {
-  a_type *type = make_unqualified_type(return_type_of(routine_type));
-  if (routine == nullptr || !is_void_type(type) || arguments == nullptr) return type;
-  int builtin = builtin_function_number(routine);
-  switch (builtin) {
-    case bi_none:
-    case bi_sync_lock_release:
-    case bi_atomic_store_n:
-      return type;
-    case bi_sync_bool_compare_and_swap:
-    case bi_atomic_compare_exchange_n:
-      return bool_type();
-    default:
-      break;
-  }
-  bool is_generic = routine_type->routine_supplement->has_ellipsis &&
-                    param_types_of(routine_type) != nullptr && is_pointer_type(arguments->type);
-  return is_generic ? make_unqualified_type(type_pointed_to(arguments->type)) : type;
-}
-
 // A call of a builtin with constant arguments that is a constant itself.
 bool fold_call(a_routine *routine, an_expr_node *arguments, an_expr_node *call, an_operand *result,
                const a_source_position *position) {
@@ -150,7 +129,7 @@ void scan_function_call(an_operand *left, an_operand *result) {
       required_token(tok_rparen, ec_exp_rparen) && routine_type != nullptr && !arguments.has_error;
   remove_stop_token(tok_rparen);
   if (ok) {
-    a_type *type = type_of_call(routine, routine_type, arguments.first);
+    a_type *type = make_unqualified_type(return_type_of(routine_type));
     if (is_incomplete_type(type) && !is_void_type(type)) {
       if (expr_error_should_be_issued()) pos_ty_error(ec_incomplete_type_not_allowed, &start, type);
       ok = false;

@@ -86,6 +86,11 @@ void scan_builtin_addressof(an_operand *result);
 // A call of a builtin that the parser takes itself; false: it is an ordinary call. The current
 // token is the "(".
 bool scan_builtin_call(a_routine *routine, an_operand *function, an_operand *result);
+// Atomic builtins for any size (expr_atomic.cpp): the arguments up to the ")"; the result is a call
+// of the form for the size of what the first argument points to.
+bool is_generic_atomic_builtin(const a_routine *routine);
+void scan_generic_atomic(const a_routine *routine, const a_source_position *position,
+                         an_operand *result);
 // Selects a field of an object or, by pointer, of what it points to.
 void make_field_selection(an_operand *object, a_field *field, bool by_pointer, an_operand *result);
 

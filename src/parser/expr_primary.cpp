@@ -1,5 +1,6 @@
 // Primary expressions: names, literals, and what begins with a parenthesis.
 #include <cstring>
+#include <string_view>
 
 #include "driver/switches.h"
 #include "il/il.h"
@@ -84,8 +85,10 @@ a_symbol *symbol_of_undeclared_name(a_symbol_locator *locator) {
   if (name[0] == '_') {
     a_symbol *builtin = load_matching_builtin_function(locator->header);
     if (builtin != nullptr) return locator->symbol = builtin;
-    if (builtin_functions_enabled && std::strncmp(name, "__builtin_", 10) == 0 &&
-        next_token() == tok_lparen) {
+    std::string_view text = name;
+    bool is_reserved = text.starts_with("__builtin_") || text.starts_with("__atomic_") ||
+                       text.starts_with("__sync_");
+    if (builtin_functions_enabled && is_reserved && next_token() == tok_lparen) {
       expr_pos_st_error(ec_gcc_builtin_not_supported, &locator->position, name);
       return enter_undefined_symbol(locator);
     }

@@ -70,9 +70,8 @@ void prep_assignment_operand(an_operand *operand, a_type *type, an_error_code co
   clear_std_conv_descr(&descr);
   const a_constant *constant = operand->kind == ok_constant ? &operand->constant : nullptr;
   if (!impl_conversion_possible(operand->type, constant, operand->string_literal, target, &descr)) {
-    if (is_void_type(operand->type) || is_incomplete_type(operand->type)) {
-      error_in_operand(is_void_type(operand->type) ? code : ec_incomplete_type_not_allowed,
-                       operand);
+    if (!is_void_type(operand->type) && is_incomplete_type(operand->type)) {
+      error_in_operand(ec_incomplete_type_not_allowed, operand);
       return;
     }
     expr_pos_ty2_diagnostic(es_error, code, &operand->start_pos, operand->type, target);

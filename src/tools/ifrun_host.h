@@ -14,6 +14,7 @@ struct a_host_table {
   const a_host_row *rows;
   std::size_t count;
 };
+a_host_table host_atomic_routines();
 a_host_table host_memory_routines();
 a_host_table host_stdio_routines();
 a_host_table host_stdlib_routines();

@@ -152,8 +152,8 @@ a_host_table host_math_routines() {
 a_host_routine find_host_routine(std::string_view name) {
   static const std::unordered_map<std::string_view, a_host_routine> all = [] {
     std::unordered_map<std::string_view, a_host_routine> table;
-    for (a_host_table part : {host_memory_routines(), host_stdio_routines(), host_stdlib_routines(),
-                              host_math_routines()})
+    for (a_host_table part : {host_atomic_routines(), host_memory_routines(), host_stdio_routines(),
+                              host_stdlib_routines(), host_math_routines()})
       for (std::size_t i = 0; i < part.count; i++)
         table.emplace(part.rows[i].name, part.rows[i].routine);
     return table;
