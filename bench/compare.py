@@ -64,7 +64,9 @@ def series(qxparse, rounds, directory):
     for form, sizes in (('functions', (25000, 50000, 100000)), ('globals', (25000, 50000, 100000)),
                         ('types', (25000, 50000, 100000)), ('macros', (25000, 50000, 100000)),
                         ('strings', (25000, 50000, 100000)), ('cases', (10000, 20000, 40000)),
-                        ('elements', (100000, 200000, 400000))):
+                        ('elements', (100000, 200000, 400000)), ('members', (10000, 20000, 40000)),
+                        ('constants', (10000, 20000, 40000)), ('labels', (10000, 20000, 40000)),
+                        ('names', (25000, 50000, 100000))):
         commands = []
         for size in sizes:
             path = os.path.join(directory, f'{form}-{size}.c')

@@ -177,6 +177,17 @@ def series(form, n):
         return lines + ['default: return -1; } }']
     if form == 'elements':
         return [f'int table[] = {{'] + [f'{i}, {i + 1}, {i * 7}, -{i},' for i in range(n // 4)] + ['};']
+    if form == 'members':
+        lines = ['struct s {'] + [f'int m{i};' for i in range(n)] + ['} s;', 'int f(void) { int t = 0;']
+        return lines + [f't += s.m{i};' for i in range(n)] + ['return t; }']
+    if form == 'constants':
+        lines = ['long long f(int x) { long long s = 0;'] + [f's += x * {i * 7 + 1}LL + {i}.5;' for i in range(n)]
+        return lines + ['return s; }']
+    if form == 'labels':
+        lines = ['void f(int x) {'] + [f'if (x == {i}) goto l{i};' for i in range(n)]
+        return lines + [f'l{i}: x++;' for i in range(n)] + ['}']
+    if form == 'names':
+        return [f'int some_module_register_{i:06}_with_a_long_end;' for i in range(n)]
     sys.exit(__doc__)
 
 

@@ -129,17 +129,6 @@ void generate_lvalue_cast(an_expr_node *operand, a_type *type) {
   generate_address(operand, pointer);
 }
 
-void put_field(a_field *field, a_type *class_type) {
-  TYPE *csu = tp_type(f_skip_typerefs(class_type))->stripped;
-  NODE node(op_FIELD, tp_type(bit_field_container_type(field, field->type)));
-  node.csu = csu;
-  node.member = nullptr;
-  for (fkMDATA *m = csu->csu->data_members.head; m != nullptr; m = m->next)
-    if (m->id == field->lowered_number) node.member = m;
-  check_invariant(node.member != nullptr);
-  put(node);
-}
-
 void generate_selection(an_expr_node *expr, bool by_pointer) {
   an_expr_node *object = first_operand(expr);
   a_field *field = second_operand(expr)->field;
@@ -401,6 +390,15 @@ std::uint64_t step_size(a_type *type) {
   if (type->kind == tk_void || type->kind == tk_routine) return 1;
   std::uint64_t alignment = type->alignment == 0 ? 1 : type->alignment;
   return (type->size + alignment - 1) / alignment * alignment;
+}
+
+void put_field(a_field *field, a_type *class_type) {
+  TYPE *csu = tp_type(f_skip_typerefs(class_type))->stripped;
+  NODE node(op_FIELD, tp_type(bit_field_container_type(field, field->type)));
+  node.csu = csu;
+  node.member = csu->csu->member_with_id(field->lowered_number);
+  check_invariant(node.member != nullptr);
+  put(node);
 }
 
 a_type *bit_field_container_type(a_field *field, a_type *type) {

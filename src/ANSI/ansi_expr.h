@@ -19,6 +19,8 @@ void generate_constant(a_constant *constant, a_type *wanted_type, bool in_initia
 void generate_dynamic_init(a_dynamic_init *init);
 // The type of a member in the file; a bit-field has that of its container.
 a_type *bit_field_container_type(a_field *field, a_type *type);
+// The node that names a member of a class.
+void put_field(a_field *field, a_type *class_type);
 // Bytes from one element to the next of a type; 1 for void and functions.
 std::uint64_t step_size(a_type *type);
 // Record 46 and a jump to a label when the condition is zero, or with invert when it is not.

@@ -152,17 +152,6 @@ void generate_array_elements(const a_constant *constant, a_type *array) {
   if (count > given) put_skip((count - given) * initial_value_size(array->element_type));
 }
 
-void put_field_of(a_field *field, a_type *class_type) {
-  TYPE *csu = tp_type(class_type)->stripped;
-  NODE node(op_FIELD, tp_type(bit_field_container_type(field, field->type)));
-  node.csu = csu;
-  node.member = nullptr;
-  for (fkMDATA *m = csu->csu->data_members.head; m != nullptr; m = m->next)
-    if (m->id == field->lowered_number) node.member = m;
-  check_invariant(node.member != nullptr);
-  put(node);
-}
-
 bool takes_no_value(const a_field *field) {
   return field->is_bit_field && field->name == nullptr;
 }
@@ -182,11 +171,11 @@ void generate_class_elements(const a_constant *constant, a_type *type) {
     if (e->kind == ck_designator) {
       check_invariant(e->designator_is_field);
       field = e->designator_field;
-      if (!field->is_bit_field && !is_union) put_field_of(field, type);
+      if (!field->is_bit_field && !is_union) put_field(field, type);
       continue;
     }
     check_invariant(field != nullptr);
-    if (field->is_bit_field || is_union) put_field_of(field, type);
+    if (field->is_bit_field || is_union) put_field(field, type);
     generate_constant(e, field->type, true);
     any = true;
     field = is_union ? nullptr : next_with_value(field->next);

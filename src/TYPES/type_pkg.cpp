@@ -21,6 +21,17 @@ void tp_die(const char *text) {
   std::exit(1);
 }
 
+fkMDATA *a_class_subpart::member_with_id(std::int32_t id) {
+  if (members_by_id.empty() || members_by_id.back() != data_members.tail) {
+    members_by_id.clear();
+    for (fkMDATA *member = data_members.head; member != nullptr; member = member->next)
+      members_by_id.push_back(member);
+  }
+  auto index = static_cast<std::size_t>(id) - 1;
+  if (index >= members_by_id.size() || members_by_id[index]->id != id) return nullptr;
+  return members_by_id[index];
+}
+
 namespace {
 
 constexpr std::size_t block_size = 64 * 1024;

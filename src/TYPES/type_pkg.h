@@ -113,9 +113,13 @@ struct a_class_subpart {
   a_type_list<fkTYPE_ELEM> friend_classes;
   a_type_list<fkTYPE_ELEM> nested_types;
   a_type_list<fkMDATA> data_members;
+  std::vector<fkMDATA *> members_by_id;  // of data_members, as far as member_with_id needed them
   a_type_list<fkSDATA> static_members;
   a_type_list<fkMFUNC> member_functions;
   a_type_list<fkPARAM> template_params;
+
+  // The data member of a number (from 1, in the order of the list); null: there is none.
+  fkMDATA *member_with_id(std::int32_t id);
 };
 
 class TYPE {

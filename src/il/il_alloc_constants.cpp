@@ -22,9 +22,15 @@ namespace {
 constexpr std::size_t size_of_shareable_table = 2039;
 constexpr std::size_t size_of_func_shareable_table = 31;
 
-a_constant **shareable_constants_table;  // of the current unit; null: not made
+a_shared_constants *shareable_constants_table;  // of the current unit; null: not made
 
 }  // namespace
+
+// Chains of shared constants through next_in_list. General memory; grows with the program.
+struct a_shared_constants {
+  a_constant **chains;
+  std::size_t size, count;
+};
 
 // ---- Fresh constants ---------------------------------------------------------------------------
 
@@ -424,22 +430,48 @@ bool may_be_shared(const a_constant *constant) {
   }
 }
 
-a_constant **alloc_chain_heads(std::size_t count, bool per_unit) {
+a_constant **alloc_chains(std::size_t count) {
   const std::size_t bytes = count * sizeof(a_constant *);
-  void *block = per_unit ? alloc_in_region(permanent_region, bytes) : alloc_general(bytes);
+  void *block = alloc_general(bytes);
   std::memset(block, 0, bytes);
   return static_cast<a_constant **>(block);
 }
 
-a_constant **chain_for_constant(const a_constant *constant, bool local) {
-  if (local) {
-    a_constant **&table = scope_stack[depth_innermost_function_scope].function_shareable_constants;
-    if (table == nullptr) table = alloc_chain_heads(size_of_func_shareable_table, false);
-    return &table[hash_constant(constant) % size_of_func_shareable_table];
+a_shared_constants *alloc_table(std::size_t size) {
+  auto *table = static_cast<a_shared_constants *>(alloc_general(sizeof(a_shared_constants)));
+  *table = {alloc_chains(size), size, 0};
+  return table;
+}
+
+a_constant **chain_in_table(a_shared_constants *table, const a_constant *constant) {
+  return &table->chains[hash_constant(constant) % table->size];
+}
+
+void grow_table(a_shared_constants *table) {
+  a_shared_constants grown = {nullptr, table->size * 4 + 3, table->count};
+  grown.chains = alloc_chains(grown.size);
+  for (std::size_t i = 0; i < table->size; ++i) {
+    a_constant *next;
+    for (a_constant *entry = table->chains[i]; entry != nullptr; entry = next) {
+      next = entry->next_in_list;
+      a_constant **chain = chain_in_table(&grown, entry);
+      entry->next_in_list = *chain;
+      *chain = entry;
+    }
   }
-  if (shareable_constants_table == nullptr)
-    shareable_constants_table = alloc_chain_heads(size_of_shareable_table, true);
-  return &shareable_constants_table[hash_constant(constant) % size_of_shareable_table];
+  free_general(table->chains, table->size * sizeof(a_constant *));
+  *table = grown;
+}
+
+a_shared_constants *table_for_constant(bool local) {
+  a_shared_constants *&table =
+      local ? scope_stack[depth_innermost_function_scope].function_shareable_constants
+            : shareable_constants_table;
+  if (table == nullptr)
+    table = alloc_table(local ? size_of_func_shareable_table : size_of_shareable_table);
+  else if (table->count > 2 * table->size)
+    grow_table(table);
+  return table;
 }
 
 // A hit moves to the front.
@@ -457,15 +489,19 @@ a_constant *find_in_chain(a_constant **chain, const a_constant *constant) {
   return nullptr;
 }
 
-void unlink_chains(a_constant **table, std::size_t size) {
-  for (std::size_t i = 0; i < size; ++i) {
+void free_table(a_shared_constants **place) {
+  a_shared_constants *table = *place;
+  if (table == nullptr) return;
+  for (std::size_t i = 0; i < table->size; ++i) {
     a_constant *next;
-    for (a_constant *entry = table[i]; entry != nullptr; entry = next) {
+    for (a_constant *entry = table->chains[i]; entry != nullptr; entry = next) {
       next = entry->next_in_list;
       entry->next_in_list = nullptr;
     }
-    table[i] = nullptr;
   }
+  free_general(table->chains, table->size * sizeof(a_constant *));
+  free_general(table, sizeof(a_shared_constants));
+  *place = nullptr;
 }
 
 }  // namespace
@@ -473,7 +509,8 @@ void unlink_chains(a_constant **table, std::size_t size) {
 a_constant *alloc_shareable_constant(const a_constant *constant) {
   if (!may_be_shared(constant)) return alloc_unshared_constant_full(constant);
   const bool local = depth_innermost_function_scope >= 0 && goes_to_function_region(constant);
-  a_constant **chain = chain_for_constant(constant, local);
+  a_shared_constants *table = table_for_constant(local);
+  a_constant **chain = chain_in_table(table, constant);
   a_constant *result = find_in_chain(chain, constant);
   if (result != nullptr) return result;
   result = local ? alloc_constant(constant->kind) : fs_constant(constant->kind);
@@ -482,20 +519,16 @@ a_constant *alloc_shareable_constant(const a_constant *constant) {
   if (!string_literals_shared && is_string_or_its_address(constant)) return result;
   result->next_in_list = *chain;
   *chain = result;
+  ++table->count;
   return result;
 }
 
 void empty_shareable_constants_table() {
-  if (shareable_constants_table != nullptr)
-    unlink_chains(shareable_constants_table, size_of_shareable_table);
+  free_table(&shareable_constants_table);
 }
 
 void empty_func_shareable_constants_table(a_scope_stack_entry *entry) {
-  a_constant **table = entry->function_shareable_constants;
-  if (table == nullptr) return;
-  unlink_chains(table, size_of_func_shareable_table);
-  free_general(table, size_of_func_shareable_table * sizeof(a_constant *));
-  entry->function_shareable_constants = nullptr;
+  free_table(&entry->function_shareable_constants);
 }
 
 void il_constants_one_time_init() {

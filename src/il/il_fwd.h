@@ -14,6 +14,7 @@ struct a_class_type_supplement;
 struct a_complex_value;
 struct a_condition_supplement;
 struct a_constant;
+struct a_shared_constants;
 struct a_constructor_init;
 struct a_decl_position_supplement;
 struct a_derivation_step;

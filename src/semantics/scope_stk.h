@@ -92,16 +92,16 @@ struct a_scope_stack_entry {
   std::uint8_t saved_fenv_access_state;
   std::uint8_t saved_cx_limited_range_state;
 
-  an_active_using *active_using_list;         // using directives in force here
-  an_object_lifetime *object_lifetime;        // opened for this scope; null: none
-  an_object_lifetime *free_lifetimes;         // finished ones of this function
-  a_constant **function_shareable_constants;  // sck_function: 31 buckets; null: not made
+  an_active_using *active_using_list;                // using directives in force here
+  an_object_lifetime *object_lifetime;               // opened for this scope; null: none
+  an_object_lifetime *free_lifetimes;                // finished ones of this function
+  a_shared_constants *function_shareable_constants;  // sck_function; null: not made
   a_template_decl_info *template_decl_info;
   an_instance_info *instance_info;
   a_pack_expansion_stack_entry *pack_expansion;
   a_pending_pragma *scope_pragmas;      // wait for the end of the scope
   a_pending_pragma *construct_pragmas;  // bind to the declaration or statement being read
-  int previous_lookup_scope;        // the next entry to try in a lookup; -1: none
+  int previous_lookup_scope;            // the next entry to try in a lookup; -1: none
 };
 
 // An array that grows without moving its elements.

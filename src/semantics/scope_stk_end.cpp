@@ -119,17 +119,25 @@ void routine_defined(a_routine *routine) {
   routine->defined = true;
 }
 
-// What remains to be done for a body when it is complete (C) or the unit is (C++). Bodies of a unit
-// with errors go nowhere.
-void finish_function_processing_for_function_def(int function_def_number) {
-  if (suppress_il_lowering || total_errors != 0) return;
-  const a_function_def_entry &entry = function_def_table[function_def_number];
-  if (entry.scope == nullptr || mem_region_table[entry.region] == nullptr) return;
+namespace {
+
+void lower_body(const a_function_def_entry &entry) {
   a_routine *routine = entry.scope->assoc.routine;
   if (routine->body_lowered) return;
   check_function_il_or_stop(routine, icp_after_parsing);
   lower_function_scope(routine, entry.scope);
   if (total_errors == 0) check_function_il_or_stop(routine, icp_after_lowering);
+}
+
+}  // namespace
+
+// What remains to be done for a body when it is complete (C) or the unit is (C++). Bodies of a unit
+// with errors go nowhere. The rest of the body's memory goes to the next one.
+void finish_function_processing_for_function_def(int function_def_number) {
+  const a_function_def_entry &entry = function_def_table[function_def_number];
+  if (entry.scope == nullptr || mem_region_table[entry.region] == nullptr) return;
+  if (!suppress_il_lowering && total_errors == 0) lower_body(entry);
+  check_for_done_with_memory_region(entry.region);
 }
 
 // Namespaces that were closed and may have been opened again are checked when the unit ends.

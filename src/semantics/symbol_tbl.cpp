@@ -23,7 +23,8 @@ const char *const symbol_kind_names[syk_last + 1] = {
 };
 
 a_name_space name_space_for_symbol_kind[syk_last];
-a_symbol_header *symbol_table[num_symbol_buckets];
+a_symbol_header **symbol_table;
+std::size_t num_symbol_buckets;
 const a_symbol_locator cleared_locator = {};
 std::int32_t next_scope_number;
 std::uint32_t decl_seq_counter = 1;
@@ -32,8 +33,9 @@ bool file_scope_symbols_are_on_inactive_list;
 
 namespace {
 
-constexpr std::uint32_t hash_multiplier = 73;
-constexpr std::size_t shortest_sampled_name = 10;
+constexpr std::size_t num_first_buckets = 16384;
+a_symbol_header *first_buckets[num_first_buckets];  // enough for most programs
+std::size_t num_headers;                            // in the table
 
 a_symbol_header *error_header;    // null: not made yet
 a_symbol_header *unnamed_header;  // null: not made yet
@@ -72,27 +74,52 @@ a_symbol_header *make_private_header(const char *name) {
 
 }  // namespace
 
-// The bytes that take part: all of a short name; of a long one three at each end and three around
-// the middle, where names with common prefixes and suffixes differ.
+// All bytes take part: generated names often differ in a few places of a long text only.
 std::uint32_t hash_of_name(const char *name, std::size_t length) {
-  const auto *text = reinterpret_cast<const unsigned char *>(name);
-  std::uint32_t hash = 0;
-  if (length < shortest_sampled_name) {
-    for (std::size_t i = 0; i < length; ++i)
-      hash = hash * hash_multiplier + text[i];
-    return hash;
+  constexpr std::uint64_t multiplier = 0x9E3779B97F4A7C15;
+  std::uint64_t hash = length * multiplier, word;
+  for (; length >= sizeof word; name += sizeof word, length -= sizeof word) {
+    std::memcpy(&word, name, sizeof word);
+    hash = (hash ^ word) * multiplier;
+    hash ^= hash >> 32;
   }
-  const std::size_t middle = length / 2;
-  for (std::size_t i : {std::size_t{0}, std::size_t{1}, std::size_t{2}, middle - 1, middle,
-                        middle + 1, length - 3, length - 2, length - 1}) {
-    hash = hash * hash_multiplier + text[i];
-  }
-  return hash;
+  word = 0;
+  for (std::size_t i = 0; i < length; ++i)
+    word = word << 8 | static_cast<unsigned char>(name[i]);
+  hash = (hash ^ word) * multiplier;
+  return static_cast<std::uint32_t>(hash >> 32);
 }
+
+namespace {
+
+a_symbol_header **bucket_of(std::uint32_t hash) {
+  return &symbol_table[hash & (num_symbol_buckets - 1)];
+}
+
+void grow_symbol_table() {
+  a_symbol_header **old_table = symbol_table;
+  const std::size_t old_size = num_symbol_buckets;
+  num_symbol_buckets *= 4;
+  const std::size_t bytes = num_symbol_buckets * sizeof(a_symbol_header *);
+  symbol_table = static_cast<a_symbol_header **>(alloc_general(bytes));
+  std::memset(symbol_table, 0, bytes);
+  for (std::size_t i = 0; i < old_size; ++i) {
+    a_symbol_header *next;
+    for (a_symbol_header *header = old_table[i]; header != nullptr; header = next) {
+      next = header->next_in_bucket;
+      a_symbol_header **bucket = bucket_of(header->hash_value);
+      header->next_in_bucket = *bucket;
+      *bucket = header;
+    }
+  }
+  if (old_table != first_buckets) free_general(old_table, old_size * sizeof(a_symbol_header *));
+}
+
+}  // namespace
 
 a_symbol_header *find_symbol_header(const char *name, std::size_t length) {
   const std::uint32_t hash = hash_of_name(name, length);
-  a_symbol_header **bucket = &symbol_table[hash % num_symbol_buckets];
+  a_symbol_header **bucket = bucket_of(hash);
   a_symbol_header **link = bucket;
   for (a_symbol_header *header = *bucket; header != nullptr; header = header->next_in_bucket) {
     if (header->hash_value == hash && header->length == length &&
@@ -105,6 +132,10 @@ a_symbol_header *find_symbol_header(const char *name, std::size_t length) {
       return header;
     }
     link = &header->next_in_bucket;
+  }
+  if (++num_headers > num_symbol_buckets) {
+    grow_symbol_table();
+    bucket = bucket_of(hash);
   }
   a_symbol_header *header = alloc_symbol_header(name, length, hash);
   header->next_in_bucket = *bucket;
@@ -218,7 +249,10 @@ void symbol_tbl_one_time_init() {
 }
 
 void symbol_tbl_init() {
-  std::memset(symbol_table, 0, sizeof symbol_table);
+  if (num_headers != 0) std::memset(first_buckets, 0, sizeof first_buckets);
+  symbol_table = first_buckets;
+  num_symbol_buckets = num_first_buckets;
+  num_headers = 0;
   error_header = unnamed_header = nullptr;
 }
 

@@ -168,8 +168,8 @@ struct a_symbol_locator {
 
 // ---- State: whole compilation ------------------------------------------------------------------
 
-inline constexpr std::size_t num_symbol_buckets = 16381;
-extern a_symbol_header *symbol_table[num_symbol_buckets];
+extern a_symbol_header **symbol_table;  // chains by hash_value; grows with the names
+extern std::size_t num_symbol_buckets;  // a power of 2
 extern const a_symbol_locator cleared_locator;
 extern std::int32_t next_scope_number;
 

@@ -117,7 +117,7 @@ void unmark_last_name(char *start, char *end) {
 
 void put(a_substitution *s, const char *text, std::size_t length) {
   s->operand_start = s->out;
-  std::memcpy(s->out, text, length);
+  if (length != 0) std::memcpy(s->out, text, length);
   s->out += length;
 }
 

@@ -136,8 +136,8 @@ void gen_pp_output_for_macro_definitions() {
   std::size_t count = 0;
   std::size_t capacity = 0;
   a_symbol **macros = nullptr;
-  for (a_symbol_header *bucket : symbol_table) {
-    for (a_symbol_header *h = bucket; h != nullptr; h = h->next_in_bucket) {
+  for (std::size_t i = 0; i < num_symbol_buckets; ++i) {
+    for (a_symbol_header *h = symbol_table[i]; h != nullptr; h = h->next_in_bucket) {
       a_symbol *macro_symbol = find_macro_symbol(h);
       if (macro_symbol == nullptr) continue;
       const a_macro_def *def = macro_def_of(macro_symbol);
