@@ -2,7 +2,7 @@
 """Writes C programs for measurements; the same arguments give the same bytes.
 
 usage: generate.py mixed LINES | functions N | globals N | types N | macros N | strings N |
-       cases N | elements N
+       cases N | elements N | members N | constants N | labels N | names N
 
 mixed is like a real program: records, tables, macros, functions of all sizes that call each other.
 The other forms grow one thing only, so that the cost of it can be seen.
