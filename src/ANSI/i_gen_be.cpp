@@ -137,9 +137,9 @@ void i_set_trans_unit_name(const char *name) {
 void back_end() {
   error_position = null_source_position;
   if (i_file_name == nullptr) i_file_name = derived_name(primary_source_file_name, ".if");
-  note_begun_output(i_file_name);
   std::FILE *stream =
       open_output_file_with_error_handling(i_file_name, true, false, 0, ec_il_output);
+  note_begun_output(i_file_name);
   in_front_end = false;
   TYPE_PKG::abi = is_eabi;
   TYPE_PKG::wchar_t_size_in_bits = static_cast<std::uint32_t>(targ_sizeof_wchar_t) * 8;

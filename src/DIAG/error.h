@@ -259,6 +259,9 @@ inline void sym_error(an_error_code code, a_symbol *symbol) {
 }
 // At error_position, then skips tokens to where the enclosing constructs can go on.
 void syntax_error(an_error_code code);
+// The same without skipping. Where the last syntax error stood, a further one is only its
+// consequence: both forms are silent there.
+void pos_syntax_error(an_error_code code, const a_source_position *pos);
 
 // ---- The end of the compilation ----------------------------------------------------------------
 

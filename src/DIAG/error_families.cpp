@@ -5,6 +5,8 @@
 #include "UTIL/basics.h"
 #include "driver/host_envir.h"
 
+a_source_position pos_of_last_syntax_error;
+
 namespace {
 
 // The command line's own position: no line of any source.
@@ -177,8 +179,14 @@ void sym_diagnostic(an_error_severity severity, an_error_code code, a_symbol *sy
   report(severity, code, symbol_position(symbol), symbol);
 }
 
+void pos_syntax_error(an_error_code code, const a_source_position *pos) {
+  if (pos->seq != 0 && compare_source_positions(*pos, pos_of_last_syntax_error) == 0) return;
+  pos_of_last_syntax_error = *pos;
+  report(es_error, code, pos);
+}
+
 void syntax_error(an_error_code code) {
-  report(es_error, code, &error_position);
+  pos_syntax_error(code, &error_position);
   if (diag_hooks.flush_tokens != nullptr) diag_hooks.flush_tokens();
 }
 

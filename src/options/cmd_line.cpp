@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <string>
 
 #include "DIAG/error.h"
 #include "UTIL/cmdfile.h"
@@ -193,10 +194,8 @@ void open_command_file(const char *name) {
   if (command_file != nullptr) str_command_line_error(ec_cl_cmd_file_in_use, name);
   command_file = std::fopen(name, "r");
   if (command_file != nullptr) return;
-  a_diagnostic *d = start_command_line_error(ec_cl_cannot_open_cmd_file);
-  add_string_argument(d, name);
-  add_string_argument(d, std::strerror(errno));
-  end_command_line_error(d);
+  std::string place_and_reason = std::string("'") + name + "': " + std::strerror(errno);
+  str_command_line_error(ec_cl_cannot_open_cmd_file, place_and_reason.c_str());
 }
 
 std::int64_t decimal_argument() {

@@ -68,8 +68,12 @@ std::FILE *open_input_file(const char *name, bool binary, an_open_file_result *r
 }
 
 bool okay_as_output_file(const char *name) {
-  return primary_source_file_name == nullptr ||
-         f_compare_file_names(name, primary_source_file_name, false) != 0;
+  if (primary_source_file_name == nullptr) return true;
+  if (f_compare_file_names(name, primary_source_file_name, false) == 0) return false;
+  a_unique_file_id output, source;  // one file can have several names
+  get_unique_id_for_file(name, &output);
+  get_unique_id_for_file(primary_source_file_name, &source);
+  return !same_unique_file_ids(&output, &source);
 }
 
 std::FILE *open_output_file(const char *name, bool binary, bool append_read,

@@ -434,7 +434,8 @@ a_token_kind scan_token() {
 // ---- Places where ## joined two texts ----------------------------------------------------------
 
 // Takes the records of the text up to the current token out, and warns of those where the paste did
-// not make one token: "a ## +" reads as a and +.
+// not make one token that ends with what stood behind ##: "a ## +" reads as a and +, and "+ ## ++"
+// as ++ and +.
 void check_concatenations_at_token() {
   a_concatenation_record **link = &curr_text_modif->concatenations;
   while (*link != nullptr && (*link)->place <= end_of_curr_token) {
@@ -442,9 +443,7 @@ void check_concatenations_at_token() {
     *link = record->next;
     const char *place = record->place;
     bool separate = place == start_of_curr_token;
-    bool tail_left = place > start_of_curr_token && *curr_char_loc != '\0' &&
-                     *curr_char_loc != ' ' &&
-                     (record->next == nullptr || record->next->place > curr_char_loc);
+    bool tail_left = place > start_of_curr_token && end_of_curr_token + 1 < record->end;
     if (separate || tail_left)
       pos_stsy_diagnostic(strict_ansi_mode ? strict_ansi_discretionary_severity : es_warning,
                           ec_concat_yields_invalid_token, &pos_curr_token, place, record->symbol);
@@ -484,14 +483,14 @@ a_token_kind get_token_from_text() {
 a_concatenation_record *avail_concatenation_records;
 
 void add_concatenation_record(a_concatenation_record **head, a_concatenation_record **tail,
-                              const char *place, a_symbol *symbol) {
+                              const char *place, const char *end, a_symbol *symbol) {
   a_concatenation_record *record = avail_concatenation_records;
   if (record != nullptr)
     avail_concatenation_records = record->next;
   else
     record = static_cast<a_concatenation_record *>(
         alloc_in_region(permanent_region, sizeof(a_concatenation_record)));
-  *record = {nullptr, place, symbol};
+  *record = {nullptr, place, end, symbol};
   if (*head == nullptr)
     *head = record;
   else

@@ -291,11 +291,12 @@ void enter_all_keywords();
 struct a_concatenation_record {
   a_concatenation_record *next;
   const char *place;
+  const char *end;   // of the first token of the text behind the place
   a_symbol *symbol;  // the macro
 };
 extern a_concatenation_record *avail_concatenation_records;
 void add_concatenation_record(a_concatenation_record **head, a_concatenation_record **tail,
-                              const char *place, a_symbol *symbol);
+                              const char *place, const char *end, a_symbol *symbol);
 
 // ---- Life cycle --------------------------------------------------------------------------------
 

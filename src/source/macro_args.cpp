@@ -314,11 +314,16 @@ an_error_severity severity_of_wrong_count() {
   return SVR4_C_mode || pcc_preprocessing_mode ? es_warning : es_discretionary_error;
 }
 
-// Arguments beyond the parameters are read and dropped.
-a_arg_end drop_extra_args() {
+// At the comma or parenthesis just passed.
+void report_wrong_count(const a_list_state *list, an_error_code code) {
   a_source_position pos;
   source_position_at(curr_char_loc - 1, &pos);
-  pos_diagnostic(severity_of_wrong_count(), ec_too_many_macro_args, &pos);
+  pos_sy_diagnostic(severity_of_wrong_count(), code, &pos, list->macro_symbol);
+}
+
+// Arguments beyond the parameters are read and dropped.
+a_arg_end drop_extra_args(const a_list_state *list) {
+  report_wrong_count(list, ec_too_many_macro_args);
   a_macro_arg *dropped = alloc_macro_arg();
   a_arg_end end;
   do {
@@ -329,16 +334,17 @@ a_arg_end drop_extra_args() {
   return end;
 }
 
-void report_missing_args(const a_macro_def *def, std::uint32_t given) {
-  bool only_variadic = (def->flags & mf_variadic) != 0 && given + 1 == def->num_params;
+void report_missing_args(const a_list_state *list, std::uint32_t given) {
+  bool only_variadic = (list->def->flags & mf_variadic) != 0 && given + 1 == list->def->num_params;
   if (only_variadic && extended_variadic_macros_allowed) return;
-  a_source_position pos;
-  source_position_at(curr_char_loc - 1, &pos);
   if (check_misra_c_2004 &&
-      misra_c_2004_generate_diagnostic(ec_misra_c_2004_19_8, misra_required_severity))
+      misra_c_2004_generate_diagnostic(ec_misra_c_2004_19_8, misra_required_severity)) {
+    a_source_position pos;
+    source_position_at(curr_char_loc - 1, &pos);
     pos_diagnostic(misra_required_severity, ec_misra_c_2004_19_8, &pos);
-  else
-    pos_diagnostic(severity_of_wrong_count(), ec_too_few_macro_args, &pos);
+  } else {
+    report_wrong_count(list, ec_too_few_macro_args);
+  }
 }
 
 // The arguments behind the (; the end of the last one goes out.
@@ -360,12 +366,10 @@ a_macro_arg *collect_all_args(const a_list_state *list, a_arg_end *end_out) {
     if (param != nullptr) param = param->next;
   }
   if (def->num_params == 0 && end == ae_rparen && head->raw.length != 0) {
-    a_source_position pos;
-    source_position_at(curr_char_loc - 1, &pos);
-    pos_diagnostic(severity_of_wrong_count(), ec_too_many_macro_args, &pos);
+    report_wrong_count(list, ec_too_many_macro_args);
   }
-  if (end == ae_comma) end = drop_extra_args();
-  if (end == ae_rparen && count < def->num_params) report_missing_args(def, count);
+  if (end == ae_comma) end = drop_extra_args(list);
+  if (end == ae_rparen && count < def->num_params) report_missing_args(list, count);
   for (; count < def->num_params; ++count) {
     a_macro_arg *arg = alloc_macro_arg();
     end_text(&arg->raw);
@@ -407,7 +411,7 @@ a_macro_arg *scan_macro_args(a_symbol *macro_symbol, const a_macro_def *def,
   if (*failed) {
     a_source_position end_pos;
     source_position_at(curr_char_loc, &end_pos);
-    pos_error(ec_exp_rparen, &end_pos);
+    pos_syntax_error(ec_exp_rparen, &end_pos);
     pos_error(ec_improperly_terminated_macro_call, pos);
   }
   return args;

@@ -121,6 +121,15 @@ void put(a_substitution *s, const char *text, std::size_t length) {
   s->out += length;
 }
 
+// The operands of ## meet at place; the text from there on is written and not ended yet.
+void note_concatenation(a_substitution *s, char *place) {
+  s->out[0] = '\0';
+  s->out[1] = tm_end_of_modif;
+  a_pp_text_kind kind;
+  const char *end = *place == '\0' ? place : end_of_pp_token(place, &kind, nullptr);
+  add_concatenation_record(&s->concatenations, &s->last_concatenation, place, end, s->macro_symbol);
+}
+
 // A raw argument, or text behind ##: joins it to what stands to the left.
 void put_pasted(a_substitution *s, const char *text, std::size_t length) {
   if (length == 0) return;
@@ -131,11 +140,11 @@ void put_pasted(a_substitution *s, const char *text, std::size_t length) {
       text += 2;
       length -= 2;
     }
-    if (check_concatenations)
-      add_concatenation_record(&s->concatenations, &s->last_concatenation, s->out, s->macro_symbol);
   }
   char *left = s->operand_start;
+  char *place = s->out;
   put(s, text, length);
+  if (joins && check_concatenations) note_concatenation(s, place);
   if (joins) s->operand_start = left;
 }
 

@@ -16,8 +16,8 @@ std::FILE *f_pp_output;
 std::FILE *f_raw_listing;
 bool do_not_put_curr_line_in_pp_output = true;
 bool no_token_separators_in_this_line_of_pp_output;
-bool prev_pp_output_line_was_complete = true;
 std::uint32_t next_seq_in_pp_output = 1;
+static std::uint32_t seq_of_line_put;  // the logical line that was written last
 
 namespace {
 
@@ -225,9 +225,10 @@ void synchronize_line() {
 
 void gen_pp_output_for_curr_line() {
   if (f_pp_output == nullptr || curr_seq_number == 0) return;
+  if (curr_seq_number == seq_of_line_put) return;
   if (do_not_put_curr_line_in_pp_output && !has_line_start_modif()) return;
-  if (prev_pp_output_line_was_complete && !has_line_start_modif()) synchronize_line();
-  do_not_put_curr_line_in_pp_output = true;  // each line once
+  synchronize_line();
+  seq_of_line_put = curr_seq_number;
   if (!needs_walk()) {
     std::fwrite(curr_source_line, 1,
                 static_cast<std::size_t>(end_of_curr_source_line - curr_source_line), f_pp_output);
@@ -238,7 +239,7 @@ void gen_pp_output_for_curr_line() {
     put_text(curr_source_line, source_line_modif_list, true);
   }
   std::fputc('\n', f_pp_output);
-  next_seq_in_pp_output = curr_seq_number + 1;
+  ++next_seq_in_pp_output;
 }
 
 void gen_pp_line_info(bool at_next_line) {
@@ -324,5 +325,5 @@ void finish_raw_listing_file() {
 void pp_output_trans_unit_init() {
   do_not_put_curr_line_in_pp_output = true;
   next_seq_in_pp_output = 1;
-  prev_pp_output_line_was_complete = true;
+  seq_of_line_put = 0;
 }

@@ -12,7 +12,6 @@ extern std::FILE *f_pp_output;    // opened by the driver
 extern std::FILE *f_raw_listing;  // null: none is written
 extern bool do_not_put_curr_line_in_pp_output;
 extern bool no_token_separators_in_this_line_of_pp_output;
-extern bool prev_pp_output_line_was_complete;
 extern std::uint32_t next_seq_in_pp_output;  // of the line that the output file stands at
 
 void gen_pp_output_for_curr_line();

@@ -55,7 +55,7 @@ void fail_at(const char *loc, an_error_code code) {
   failed = true;
   a_source_position pos;
   source_position_at(loc, &pos);
-  pos_error(code, &pos);
+  pos_syntax_error(code, &pos);
 }
 
 a_pp_value scan_conditional();
