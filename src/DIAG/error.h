@@ -262,6 +262,8 @@ void syntax_error(an_error_code code);
 // The same without skipping. Where the last syntax error stood, a further one is only its
 // consequence: both forms are silent there.
 void pos_syntax_error(an_error_code code, const a_source_position *pos);
+// What is wrong at pos was told: a syntax error there is silent.
+void forgive_syntax_error_at(const a_source_position *pos);
 
 // ---- The end of the compilation ----------------------------------------------------------------
 

@@ -185,6 +185,10 @@ void pos_syntax_error(an_error_code code, const a_source_position *pos) {
   report(es_error, code, pos);
 }
 
+void forgive_syntax_error_at(const a_source_position *pos) {
+  pos_of_last_syntax_error = *pos;
+}
+
 void syntax_error(an_error_code code) {
   pos_syntax_error(code, &error_position);
   if (diag_hooks.flush_tokens != nullptr) diag_hooks.flush_tokens();

@@ -80,12 +80,20 @@ bool is_in_preprocessing_mode() {
 
 }  // namespace
 
+// How many tokens from text come until the one at which the parser may stumble; 0: no such token.
+static int tokens_to_consequence;
+
+void expect_syntax_error_after(int tokens) {
+  tokens_to_consequence = tokens + 1;
+}
+
 // A character that starts no token. As a preprocessing token it is an error token, which does no
 // harm unless it is wanted; in a program it is reported and passed over.
 a_token_kind bad_token(an_error_code code) {
   err_code_for_error_token = code;
   if (is_in_preprocessing_mode()) return tok_error;
   pos_error(code, &pos_curr_token);
+  expect_syntax_error_after(0);
   return tok_rescan;
 }
 
@@ -471,6 +479,8 @@ a_token_kind get_token_from_text() {
   if (!in_preprocessing_directive && kind != tok_end_of_source)
     any_tokens_fetched_from_curr_input_file = true;
   curr_token = kind;
+  if (tokens_to_consequence != 0 && --tokens_to_consequence == 0) [[unlikely]]
+    forgive_syntax_error_at(&pos_curr_token);
   if (curr_text_modif != nullptr && curr_text_modif->concatenations != nullptr) [[unlikely]]
     check_concatenations_at_token();
   if (kind == tok_string_literal && do_string_literal_concatenation && !fetch_pp_tokens)

@@ -6,22 +6,22 @@
 #include "DIAG/error.h"
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
+#include "semantics/symbol_tbl.h"
 #include "source/input_stack.h"
 #include "source/lexical.h"
 #include "source/literals.h"
-#include "semantics/symbol_tbl.h"
 
 // ---- Cached tokens -----------------------------------------------------------------------------
 
 enum a_cached_token_data : std::uint8_t {
-  ctd_none,          // a punctuator
-  ctd_locator,       // an identifier or keyword
-  ctd_constant,      // a literal
-  ctd_pragmas,       // no token: pragmas of the token behind
-  ctd_pp_token,      // any token fetched as a preprocessing token: its text
-  ctd_asm_string,    // text of inline assembly
-  ctd_stop,          // no token: the replay ends here, the text goes on
-  ctd_ud_literal,    // a user-defined literal
+  ctd_none,        // a punctuator
+  ctd_locator,     // an identifier or keyword
+  ctd_constant,    // a literal
+  ctd_pragmas,     // no token: pragmas of the token behind
+  ctd_pp_token,    // any token fetched as a preprocessing token: its text
+  ctd_asm_string,  // text of inline assembly
+  ctd_stop,        // no token: the replay ends here, the text goes on
+  ctd_ud_literal,  // a user-defined literal
 };
 
 struct a_cached_token {
@@ -66,7 +66,7 @@ struct a_lexical_state_stack_entry {
   a_lexical_state_stack_entry *next;
   a_token_cache fetched_tokens;
   a_source_position saved_error_position;
-  int caching_count;                         // begin_caching_fetched_tokens that are open
+  int caching_count;                          // begin_caching_fetched_tokens that are open
   std::uint32_t last_cached_sequence_number;  // tokens up to here are in fetched_tokens
   bool saved_caching_tokens;
 };
@@ -99,6 +99,9 @@ inline constexpr a_token_kind tok_rescan = tok_last;
 
 a_token_kind scan_identifier(const char *start, bool inert, bool temporarily_inert);
 a_token_kind bad_token(an_error_code code);
+// An error was reported for what stands here; behind so many more tokens of the text the parser may
+// find something missing that is no mistake of its own.
+void expect_syntax_error_after(int tokens);
 extern a_token_kind token_before;  // the token in front of the one being scanned
 void init_character_tables();
 

@@ -151,10 +151,24 @@ void flush_to_end_of_arg_list() {
 
 // ---- Required tokens ---------------------------------------------------------------------------
 
+// Only blanks stand in front of the current token, which is on the line being read.
+static bool curr_token_is_first_on_its_line() {
+  if (pos_curr_token.seq != curr_seq_number) return false;
+  for (std::uint32_t i = 0; i + 1 < pos_curr_token.column; ++i)
+    if (curr_source_line[i] != ' ' && curr_source_line[i] != '\t') return false;
+  return true;
+}
+
+// A ; that is missing in front of a line was forgotten at the end of the line before: what stands
+// here is whole, and nothing is skipped.
 bool required_token_no_advance(a_token_kind kind, an_error_code code) {
   if (curr_token == kind) return true;
-  add_stop_token(kind);
   error_position = pos_curr_token;
+  if (kind == tok_semicolon && curr_token_is_first_on_its_line()) {
+    pos_syntax_error(code, &error_position);
+    return false;
+  }
+  add_stop_token(kind);
   syntax_error(code);
   remove_stop_token(kind);
   return curr_token == kind;

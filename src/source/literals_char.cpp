@@ -512,17 +512,27 @@ void warn_of_several_units(int prefix, std::size_t count, const char *loc) {
 
 }  // namespace
 
+// Is all of [start, end) one character, by itself or as \U and its digits?
+static bool is_one_character(const char *start, const char *end) {
+  if (*start == '\\') return start[1] == 'U' && end - start == 10;
+  bool invalid = false;
+  return *start < 0 && f_mbc_length(start, &invalid, true) == end - start;
+}
+
 void conv_char_literal(std::size_t, an_error_code *err, const char **err_loc) {
   const char *start = start_of_curr_token;
   int prefix = scan_encoding_prefix(start);
   const char *source = start + length_of_encoding_prefix(prefix) + 1;
   bool units_are_signed;
   std::size_t count;
+  const std::uint64_t errors = total_errors;
   kind_of_char_literal(prefix, 1, &units_are_signed);
   a_host_large_integer value =
       accumulate_units(prefix, source, end_of_curr_token, units_are_signed, &count);
   *err_loc = start;
-  if (prefix == ep_u && count == 2 && prefix_is_utf16(prefix) && *source != '\\' && *source < 0) {
+  if (total_errors != errors) count = 1;  // what stands for a bad character is not judged again
+  if (prefix == ep_u && count == 2 && prefix_is_utf16(prefix) &&
+      is_one_character(source, end_of_curr_token)) {
     *err = ec_no_char16_t_representation;
     *err_loc = start + 1;
     return;
@@ -574,12 +584,14 @@ a_token_kind scan_character(const char *start, int prefix) {
   if (fetch_pp_tokens) return tok_char_constant;
   an_error_code err = ec_no_error;
   const char *err_loc = start;
-  if (ended_early)
+  if (ended_early) {
     err = ec_unclosed_string;
-  else if (count == 0)
+    expect_syntax_error_after(1);
+  } else if (count == 0) {
     err = ec_zero_length_string;
-  else
+  } else {
     conv_char_literal(count, &err, &err_loc);
+  }
   if (err != ec_no_error) {
     error_at(err, err_loc);
     set_error_constant(&const_for_curr_token);

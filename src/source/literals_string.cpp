@@ -171,6 +171,7 @@ a_token_kind scan_string(const char *start, int prefix) {
   set_curr_token_text(start, end);
   if (ended_early) {
     error_at(is_raw ? ec_missing_raw_string_delimiter : ec_unclosed_string, start);
+    expect_syntax_error_after(1);
     if (fetch_pp_tokens) return tok_string_literal;
     set_error_constant(&const_for_curr_token);
     return tok_string_literal;
@@ -219,7 +220,7 @@ bool is_error_constant_value(const a_constant *constant) {
 }
 
 // The prefix of the whole, from that so far and that of one more literal.
-int combined_prefix(int prefix, int next, const a_source_position *pos, bool *reported) {
+int combined_prefix(int prefix, int next, const a_source_position *pos, bool *bad_mix) {
   int kind = prefix & ep_kind_mask, other = next & ep_kind_mask;
   if (kind == other) return kind;
   if (kind == ep_none && other == ep_u8) return other;
@@ -227,10 +228,11 @@ int combined_prefix(int prefix, int next, const a_source_position *pos, bool *re
   int wide = kind >= ep_u ? kind : other;
   bool u8_with_wide = kind == ep_u8 || other == ep_u8;
   bool two_wide = kind >= ep_u && other >= ep_u;
-  if ((u8_with_wide || two_wide || !mixed_string_concat_enabled) && !*reported) {
-    *reported = true;
-    pos_diagnostic(u8_with_wide || two_wide ? es_error : es_discretionary_error,
-                   ec_mixed_string_concatenation, pos);
+  if (u8_with_wide || two_wide) {
+    if (!*bad_mix) pos_error(ec_mixed_string_concatenation, pos);
+    *bad_mix = true;
+  } else if (!mixed_string_concat_enabled && !*bad_mix) {
+    pos_diagnostic(es_discretionary_error, ec_mixed_string_concatenation, pos);
   }
   return two_wide ? kind : wide;
 }
@@ -254,10 +256,9 @@ void append_literal(a_text_buffer *buffer, const a_constant *literal, int unit_s
 }
 
 // One constant of all literals of the cache; pragmas in it stay.
-void concat_string_literals(const a_token_cache *cache, int prefix) {
+void concat_string_literals(const a_token_cache *cache, int prefix, bool is_error) {
   const int kind = string_kind_of_prefix(prefix), size = character_size[kind];
   a_text_buffer *buffer = unit_buffer();
-  bool is_error = false;
   for (const a_cached_token *token = cache->head; token != nullptr; token = token->next) {
     if (token->data_kind != ctd_constant) continue;
     if (is_error_constant_value(token->data.constant))
@@ -306,9 +307,9 @@ a_token_kind concat_adjacent_string_literals(bool from_function_name) {
   clear_token_cache(&following, false);
   cache_curr_token(&literals);
   int count = 1;
-  bool reported = false;
+  bool bad_mix = false;
   while (get_token() == tok_string_literal) {
-    prefix = combined_prefix(prefix, string_prefix_of_curr_token, &pos_curr_token, &reported);
+    prefix = combined_prefix(prefix, string_prefix_of_curr_token, &pos_curr_token, &bad_mix);
     end = end_pos_curr_token;
     cache_curr_token(&literals);
     ++count;
@@ -317,7 +318,7 @@ a_token_kind concat_adjacent_string_literals(bool from_function_name) {
   prepend_to_rescan_list(&following);
   do_string_literal_concatenation = saved_concatenation;
   if (count > 1)
-    concat_string_literals(&literals, prefix);
+    concat_string_literals(&literals, prefix, bad_mix);
   else
     const_for_curr_token = *literals.tail->data.constant;
   collect_pragmas(&literals, &pragmas);

@@ -27,6 +27,7 @@ class Preproc : public ::testing::Test {
       trigraphs_allowed = false;
       variadic_macros_allowed = extended_variadic_macros_allowed = true;
       end_of_line_comments_allowed = true;
+      display_error_number = true;
     });
     fixup_predefined_macros("Mon Nov 23 02:04:05 2026\n");
     char name[] = "/tmp/preproc_test_XXXXXX";

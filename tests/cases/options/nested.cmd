@@ -1,0 +1,1 @@
+--c -@words.cmd one.c

@@ -1,0 +1,1 @@
+int caller(void) { return missing(); }

@@ -1,0 +1,2 @@
+--c -n "-DNAME=a b"
+one.c ignored.c

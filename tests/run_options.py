@@ -1,0 +1,92 @@
+#!/usr/bin/env python3
+"""Calls the compiler with the command lines of tests/cases/options/*.txt and compares what it says.
+
+usage: run_options.py QXPARSE OUTPUT_DIR [TABLE ...]
+
+A table holds calls, with blank lines and # lines between them:
+    $ --c --c++ one.c
+    = 4
+    Command-line error: language modes specified are incompatible
+    1 catastrophic error detected in this compilation.
+    Compilation terminated.
+The words behind $ are the arguments, read as a shell reads them; = is the exit status, 0 where the
+line is missing. The other lines are the output and the messages: all of them, in order; a line
+"..." stands for any further lines. The last two lines of a refused command line, which are always
+the same, are left out when the status is written "= 4 refused". Files are named as seen from the
+folder of the table; {out} is the output folder, a line "? NAME" a file that must stand there afterwards, and
+"! NAME" one that must not.
+"""
+import glob
+import os
+import shlex
+import shutil
+import subprocess
+import sys
+
+
+def calls(path):
+    """The calls of a table: line number, arguments, status, refused, output lines, file tests."""
+    call = None
+    with open(path, encoding='utf-8') as stream:
+        for number, row in enumerate(stream.read().split('\n') + ['$'], 1):
+            if row.startswith('$'):
+                if call:
+                    yield call
+                call = {'line': number, 'words': row[1:], 'status': 0, 'refused': False,
+                        'lines': [], 'files': []}
+            elif row.startswith('= '):
+                words = row[2:].split()
+                call['status'], call['refused'] = int(words[0]), 'refused' in words
+            elif row[:2] in ('? ', '! '):
+                call['files'].append((row[0] == '?', row[2:].strip()))
+            elif row and not row.startswith('#'):
+                call['lines'].append(row)
+
+
+def agree(expected, came):
+    if expected and expected[-1] == '...':
+        return came[:len(expected) - 1] == expected[:-1]
+    return expected == came
+
+
+def run_call(qxparse, folder, output_dir, call):
+    shutil.rmtree(output_dir, ignore_errors=True)
+    os.makedirs(output_dir)
+    words = shlex.split(call['words'].replace('{out}', output_dir))
+    run = subprocess.run([qxparse, *words], cwd=folder, capture_output=True, timeout=20)
+    text = (run.stdout + run.stderr).decode('utf-8', 'replace').replace(output_dir, '{out}')
+    came = [row.rstrip() for row in text.split('\n') if row.strip()]
+    if call['refused'] and came[-1:] == ['Compilation terminated.'] and 'detected in' in came[-2]:
+        came = came[:-2]
+    problems = []
+    if run.returncode != call['status']:
+        problems.append(f'status {run.returncode}')
+    if not agree(call['lines'], came):
+        problems += ['came:'] + ['  ' + row for row in came]
+    for must_stand, name in call['files']:
+        if os.path.exists(os.path.join(folder, name.replace('{out}', output_dir))) != must_stand:
+            problems.append(f'{name} ' + ('is missing' if must_stand else 'was left'))
+    return problems
+
+
+def main():
+    qxparse, output_dir = map(os.path.abspath, sys.argv[1:3])
+    root = os.path.join(os.path.dirname(os.path.abspath(__file__)), 'cases', 'options')
+    tables = [os.path.abspath(t) for t in sys.argv[3:]] or sorted(glob.glob(root + '/*.txt'))
+    passed = failed = 0
+    for table in tables:
+        for call in calls(table):
+            problems = run_call(qxparse, os.path.dirname(table), output_dir, call)
+            if not problems:
+                passed += 1
+                continue
+            failed += 1
+            print(f'FAILED {os.path.relpath(table)}:{call["line"]}:{call["words"]}')
+            for problem in problems:
+                print(f'    {problem}')
+    print(f'command lines: {passed} passed, {failed} failed')
+    return 1 if failed else 0
+
+
+if __name__ == '__main__':
+    sys.exit(main())
