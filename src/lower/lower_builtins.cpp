@@ -110,8 +110,25 @@ void lower_count_leading_zeros(an_expr_node *call) {
   become(call, intrinsic_of(qi___clz, "__clz", unsigned_type(), argument(call, 1)));
 }
 
+// Processors before version 6 have no instruction for it.
+bool swaps_by_instruction() {
+  return !no_intrinsics && arm_condition_holds(bc_v6);
+}
+
 an_expr_node *swapped_word(an_expr_node *word) {
-  return intrinsic_of(qi___rev, "__rev", unsigned_type(), word);
+  if (swaps_by_instruction()) return intrinsic_of(qi___rev, "__rev", unsigned_type(), word);
+  a_type *type = make_routine_type_full(unsigned_type(), unsigned_type());
+  return make_prototyped_runtime_call("__bswapsi2", type,
+                                      add_cast_if_necessary(word, unsigned_type()));
+}
+
+an_expr_node *swapped_half_word(an_expr_node *half) {
+  a_type *type = unsigned_type();
+  an_expr_node *swapped =
+      swaps_by_instruction()
+          ? intrinsic_of(qi___rev16, "__rev16", type, half)
+          : binary_node(eok_shift_right, type, swapped_word(half), int_node(16));
+  return add_cast(swapped, integer_type(ik_unsigned_short));
 }
 
 // (t = x, (unsigned long long)swap((unsigned)t) << 32 | swap((unsigned)(t >> 32)))
@@ -425,8 +442,7 @@ void lower_library_call(an_expr_node *call, int builtin) {
 void lower_builtin_operation(an_expr_node *call, int builtin) {
   switch (builtin) {
     case bi_bswap16:
-      become(call, add_cast(intrinsic_of(qi___rev16, "__rev16", unsigned_type(), argument(call, 1)),
-                            integer_type(ik_unsigned_short)));
+      become(call, swapped_half_word(argument(call, 1)));
       break;
     case bi_bswap32:
       become(call, swapped_word(argument(call, 1)));

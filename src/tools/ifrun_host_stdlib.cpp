@@ -234,6 +234,13 @@ std::uint64_t word(args a, int bits) {
   std::uint64_t value = static_cast<std::uint64_t>(int_argument(a, 0));
   return bits == 32 ? static_cast<std::uint32_t>(value) : value;
 }
+a_value swap_word(a_machine &, args a, shape r) {
+  return host_result(__builtin_bswap32(static_cast<std::uint32_t>(word(a, 32))), r);
+}
+a_value swap_halves(a_machine &, args a, shape r) {
+  std::uint32_t swapped = __builtin_bswap32(static_cast<std::uint32_t>(word(a, 32)));
+  return host_result(swapped >> 16 | swapped << 16, r);
+}
 template <int BITS>
 a_value count_leading(a_machine &, args a, shape r) {
   std::uint64_t v = word(a, BITS);
@@ -298,6 +305,9 @@ constexpr a_host_row rows[] = {
     {"_longjmp", host_longjmp},
     {"__errno", host_errno},
     {"_never_executed", host_never_executed},
+    {"__bswapsi2", swap_word},
+    {"__rev", swap_word},
+    {"__rev16", swap_halves},
     {"__clz", count_leading<32>},
     {"__clzsi2", count_leading<32>},
     {"__clzdi2", count_leading<64>},

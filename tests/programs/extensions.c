@@ -206,6 +206,13 @@ int main(void) {
         printf("%s %d\n", copy, __builtin_memcmp(copy, "c--ied", 7));
   }
   printf("%d %d\n", __builtin_isgreater(1.0, 2.0), __builtin_isunordered(1.0, __builtin_nan("")));
+  {
+    volatile unsigned word = 0x12345678;
+    volatile unsigned short half = 0xabcd;
+    volatile unsigned long long wide = 0x1122334455667788ULL;
+    printf("%x %x %llx\n", (unsigned)__builtin_bswap32(word), __builtin_bswap16(half),
+           (unsigned long long)__builtin_bswap64(wide));
+  }
   if (i == 1000) __builtin_unreachable();
   printf("%d %d %d\n", ({ 5; }), ({
            int k = 6;
