@@ -22,6 +22,7 @@
 #include "source/lexical.h"
 #include "source/macro.h"
 #include "source/pp_output.h"
+#include "source/preproc.h"
 
 #define EARLY_INIT(module) void module##_early_init();
 #define ONE_TIME_INIT(module) void module##_one_time_init();
@@ -136,6 +137,7 @@ void fe_init_part_2() {
   open_file_and_push_input_stack(trans_unit_file_name, false, false, false, false, false, false,
                                  false, false, nullptr);
   unit->primary_source_file = curr_ise->source_file;
+  process_macro_preincludes();  // while no line of the source is read
   push_next_preinclude_file();
   read_logical_source_line(true, false);
 }

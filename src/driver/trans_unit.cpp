@@ -76,12 +76,10 @@ void begin_translation_unit(const char *name, int is_primary, an_exported_templa
 void process_translation_unit(const char *name, int is_primary, an_exported_template_file *file) {
   begin_translation_unit(name, is_primary, file);
   fe_init_part_2();
-  if (do_preprocessing_only) {
+  if (do_preprocessing_only)
     cpp_driver();
-  } else {
-    process_macro_preincludes();
+  else
     translation_unit();
-  }
   translation_unit_wrapup();
   pop_translation_unit_stack();
 }

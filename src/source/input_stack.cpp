@@ -180,7 +180,7 @@ void pop_input_stack() {
   if (curr_ise->source_file != curr_ise->primary_source_file)
     record_end_of_source_file(curr_ise->source_file, seq_number_last_read);
   record_end_of_source_file(curr_ise->primary_source_file, seq_number_last_read);
-  bool was_preinclude = curr_ise->is_preinclude;
+  bool was_preinclude = curr_ise->is_preinclude && !curr_ise->do_not_pop;
   any_tokens_fetched_from_curr_input_file = curr_ise->saved_any_tokens_fetched;
   base_pp_if_stack_depth = curr_ise->saved_pp_if_depth;
   const char *directory = curr_ise->directory;

@@ -152,11 +152,37 @@ const char *end_of_quoted_text(const char *p, char quote) {
 }
 
 const char *end_of_punctuator(const char *p) {
-  if (*p == '#') return p[1] == '#' ? p + 2 : p + 1;
-  if (*p == '.' && p[1] == '.' && p[2] == '.') return p + 3;
-  if (*p == '%' && p[1] == ':' && alternative_tokens_allowed)
-    return p[2] == '%' && p[3] == ':' ? p + 4 : p + 2;
-  return p + 1;
+  switch (*p) {
+    case '#':
+      return p[1] == '#' ? p + 2 : p + 1;
+    case '.':
+      return p[1] == '.' && p[2] == '.' ? p + 3 : p + 1;
+    case '%':
+      if (p[1] == ':' && alternative_tokens_allowed)
+        return p[2] == '%' && p[3] == ':' ? p + 4 : p + 2;
+      break;
+    case '<':
+    case '>':  // << and <<=
+      if (p[1] == *p) ++p;
+      break;
+    case '-':
+      if (p[1] == '>') return p + 2;
+      [[fallthrough]];
+    case '+':
+    case '&':
+    case '|':  // ++, && and their like
+      if (p[1] == *p) return p + 2;
+      break;
+    case '*':
+    case '/':
+    case '^':
+    case '=':
+    case '!':
+      break;
+    default:
+      return p + 1;
+  }
+  return p[1] == '=' ? p + 2 : p + 1;
 }
 
 }  // namespace

@@ -61,6 +61,7 @@ void mark_curr_file_as_once();  // #pragma once in the current file
 
 // Fetches all tokens and drops them; the preprocessed text is written on the way.
 void cpp_driver();
+// Reads the files of which only the macros count; before the first line of the source.
 void process_macro_preincludes();
 
 void preproc_one_time_init();

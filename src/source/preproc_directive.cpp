@@ -235,7 +235,9 @@ void pp_pragma_directive() {
   a_source_position name_position;
   source_position_at(curr_char_loc, &name_position);
   a_pragma_kind_description *description = look_up_pragma_id(&name_position);
-  bool hidden_from_output = description != nullptr && pragma_is_push_or_pop_macro(description);
+  bool hidden_from_output = description != nullptr &&
+                            (pragma_is_push_or_pop_macro(description) ||
+                             (output_only && curr_ise->is_include && pragma_is_once(description)));
   if (output_only && !(description != nullptr && pragma_is_preprocessor_mode(description))) {
     drop_rest_of_line();
   } else {
@@ -333,7 +335,6 @@ void pp_directive() {
 void cpp_driver() {
   expand_macros = generate_pp_output;
   fetch_pp_tokens = true;
-  process_macro_preincludes();
   while (get_token() != tok_end_of_source) {
   }
   if (generate_pp_output) gen_pp_output_for_curr_line();
@@ -341,16 +342,16 @@ void cpp_driver() {
 }
 
 void process_macro_preincludes() {
+  if (preinclude_macros_file_list == nullptr) return;
   bool saved_output = generate_pp_output;
   bool saved_fetch = fetch_pp_tokens;
-  // The first line of the source is read already and waits.
-  bool saved_do_not_put = do_not_put_curr_line_in_pp_output;
   generate_pp_output = false;
   fetch_pp_tokens = true;
   for (const a_preinclude_file *f = preinclude_macros_file_list; f != nullptr; f = f->next) {
     if (!open_file_and_push_input_stack(f->name, true, true, false, true, true, true, false, false,
                                         nullptr))
       continue;
+    read_logical_source_line(true, false);
     while (get_token() != tok_end_of_source) {
     }
     pop_input_stack();
@@ -358,5 +359,5 @@ void process_macro_preincludes() {
   }
   fetch_pp_tokens = saved_fetch;
   generate_pp_output = saved_output;
-  do_not_put_curr_line_in_pp_output = saved_do_not_put;
+  if (generate_pp_output) gen_pp_line_info(true);
 }

@@ -194,14 +194,34 @@ a_pp_value scan_primary() {
       fail_at(curr_char_loc, ec_exp_rparen);
     return value;
   }
-  fail_at(start, ec_exp_primary_expr);
+  fail_at(start, *start == '"' || *start == '\'' ? ec_unclosed_string : ec_exp_primary_expr);
   return {};
+}
+
+// Is the operator at loc written with this many characters? += and ++ are not + and something.
+bool operator_has_length(const char *loc, int length) {
+  a_pp_text_kind kind;
+  return end_of_pp_token(loc, &kind, nullptr) - loc == length;
+}
+
+void warn_of_overflow(const char *loc) {
+  if (!evaluating) return;
+  a_source_position pos;
+  source_position_at(loc, &pos);
+  pos_warning(ec_integer_overflow, &pos);
+}
+
+a_pp_value negate(a_pp_value a, const char *loc) {
+  if (!a.is_unsigned && a.bits == std::uint64_t{1} << 63) warn_of_overflow(loc);
+  return {-a.bits, a.is_unsigned};
 }
 
 a_pp_value scan_unary() {
   skip_white_space();
-  char c = *curr_char_loc;
-  if (c != '!' && c != '-' && c != '~' && c != '+') return scan_primary();
+  const char *start = curr_char_loc;
+  char c = *start;
+  bool is_operator = c == '!' || c == '-' || c == '~' || c == '+';
+  if (!is_operator || !operator_has_length(start, 1)) return scan_primary();
   if (++nesting > max_nesting) {
     fail_at(curr_char_loc, ec_program_too_large);
     return {};
@@ -213,7 +233,7 @@ a_pp_value scan_unary() {
     case '!':
       return {value.bits == 0, false};
     case '-':
-      return {-value.bits, value.is_unsigned};
+      return negate(value, start);
     case '~':
       return {~value.bits, value.is_unsigned};
     default:
@@ -223,67 +243,77 @@ a_pp_value scan_unary() {
 
 // ---- Binary operators --------------------------------------------------------------------------
 
+a_pp_operator punctuator_here(const char *p, int *length) {
+  *length = 1;
+  switch (*p) {
+    case '|':
+      if (p[1] == '|') return *length = 2, ppo_lor;
+      return ppo_or;
+    case '&':
+      if (p[1] == '&') return *length = 2, ppo_land;
+      return ppo_and;
+    case '^':
+      return ppo_xor;
+    case '=':
+      if (p[1] == '=') return *length = 2, ppo_eq;
+      return ppo_none;
+    case '!':
+      if (p[1] == '=') return *length = 2, ppo_ne;
+      return ppo_none;
+    case '<':
+      if (p[1] == '<') return *length = 2, ppo_shl;
+      if (p[1] == '=') return *length = 2, ppo_le;
+      return ppo_lt;
+    case '>':
+      if (p[1] == '>') return *length = 2, ppo_shr;
+      if (p[1] == '=') return *length = 2, ppo_ge;
+      return ppo_gt;
+    case '+':
+      return ppo_add;
+    case '-':
+      return ppo_sub;
+    case '*':
+      return ppo_mul;
+    case '/':
+      return ppo_div;
+    case '%':
+      return ppo_rem;
+    default:
+      return ppo_none;
+  }
+}
+
+// and, bitor and their like.
+a_pp_operator word_operator(const char *word, int length) {
+  if (!in_cplusplus() || !alternative_tokens_allowed) return ppo_none;
+  static const struct {
+    const char *word;
+    a_pp_operator op;
+  } words[] = {{"and", ppo_land}, {"or", ppo_lor},  {"bitand", ppo_and},
+               {"bitor", ppo_or}, {"xor", ppo_xor}, {"not_eq", ppo_ne}};
+  std::size_t size = static_cast<std::size_t>(length);
+  for (const auto &row : words)
+    if (std::strlen(row.word) == size && std::memcmp(row.word, word, size) == 0) return row.op;
+  return ppo_none;
+}
+
 // The operator at curr_char_loc, after white space, and its length.
 a_pp_operator operator_here(int *length) {
   for (;;) {
     skip_white_space();
     const char *p = curr_char_loc;
-    *length = 1;
-    switch (*p) {
-      case '|':
-        if (p[1] == '|') return *length = 2, ppo_lor;
-        return ppo_or;
-      case '&':
-        if (p[1] == '&') return *length = 2, ppo_land;
-        return ppo_and;
-      case '^':
-        return ppo_xor;
-      case '=':
-        if (p[1] == '=') return *length = 2, ppo_eq;
-        return ppo_none;
-      case '!':
-        if (p[1] == '=') return *length = 2, ppo_ne;
-        return ppo_none;
-      case '<':
-        if (p[1] == '<') return *length = 2, ppo_shl;
-        if (p[1] == '=') return *length = 2, ppo_le;
-        return ppo_lt;
-      case '>':
-        if (p[1] == '>') return *length = 2, ppo_shr;
-        if (p[1] == '=') return *length = 2, ppo_ge;
-        return ppo_gt;
-      case '+':
-        return ppo_add;
-      case '-':
-        return ppo_sub;
-      case '*':
-        return ppo_mul;
-      case '/':
-        return ppo_div;
-      case '%':
-        return ppo_rem;
-      default:
-        break;
+    if (!starts_identifier(p)) {
+      a_pp_operator op = punctuator_here(p, length);
+      return op != ppo_none && operator_has_length(p, *length) ? op : ppo_none;
     }
-    if (!starts_identifier(p)) return ppo_none;
     // A macro may stand for an operator, and in C++ a word may.
     a_pp_text_kind kind;
     const char *end = end_of_pp_token(p, &kind, nullptr);
     if (kind != ptk_identifier) return ppo_none;
     if (expand_name(p, end)) continue;
     curr_char_loc = p;
-    if (!in_cplusplus() || !alternative_tokens_allowed) return ppo_none;
-    static const struct {
-      const char *word;
-      a_pp_operator op;
-    } words[] = {{"and", ppo_land}, {"or", ppo_lor},  {"bitand", ppo_and},
-                 {"bitor", ppo_or}, {"xor", ppo_xor}, {"not_eq", ppo_ne}};
     *length = static_cast<int>(end - p);
-    for (const auto &row : words)
-      if (std::strlen(row.word) == static_cast<std::size_t>(*length) &&
-          std::memcmp(row.word, p, static_cast<std::size_t>(*length)) == 0)
-        return row.op;
-    return ppo_none;
+    return word_operator(p, *length);
   }
 }
 
@@ -318,6 +348,16 @@ a_pp_value divide(a_pp_value a, a_pp_value b, bool want_remainder, const char *l
   return {static_cast<std::uint64_t>(want_remainder ? x % y : x / y), false};
 }
 
+a_pp_value add_or_multiply(a_pp_operator op, a_pp_value a, a_pp_value b, const char *loc) {
+  bool is_unsigned = a.is_unsigned || b.is_unsigned;
+  std::int64_t x = static_cast<std::int64_t>(a.bits), y = static_cast<std::int64_t>(b.bits), result;
+  bool overflow = op == ppo_add   ? __builtin_add_overflow(x, y, &result)
+                  : op == ppo_sub ? __builtin_sub_overflow(x, y, &result)
+                                  : __builtin_mul_overflow(x, y, &result);
+  if (overflow && !is_unsigned) warn_of_overflow(loc);
+  return {static_cast<std::uint64_t>(result), is_unsigned};
+}
+
 a_pp_value apply(a_pp_operator op, a_pp_value a, a_pp_value b, const char *loc) {
   bool is_unsigned = a.is_unsigned || b.is_unsigned;
   switch (op) {
@@ -348,11 +388,9 @@ a_pp_value apply(a_pp_operator op, a_pp_value a, a_pp_value b, const char *loc) 
     case ppo_shr:
       return shift(a, b, false);
     case ppo_add:
-      return {a.bits + b.bits, is_unsigned};
     case ppo_sub:
-      return {a.bits - b.bits, is_unsigned};
     case ppo_mul:
-      return {a.bits * b.bits, is_unsigned};
+      return add_or_multiply(op, a, b, loc);
     case ppo_div:
       return divide(a, b, false, loc);
     case ppo_rem:
@@ -392,7 +430,7 @@ a_pp_value scan_conditional() {
     ++curr_char_loc;
     bool saved = evaluating;
     evaluating = saved && condition.bits != 0;
-    a_pp_value first = scan_conditional();
+    a_pp_value first = scan_comma();
     evaluating = saved && condition.bits == 0;
     skip_white_space();
     if (*curr_char_loc == ':')

@@ -99,7 +99,8 @@ bool try_file(const char *full_name, a_directory_name_entry *dir, a_search *sear
   return true;
 }
 
-// A name without suffix is tried with each of the given suffixes, which stand behind colons.
+// A name without suffix is tried with each of the given suffixes, between which colons stand: ":h"
+// tries name and name.h.
 bool try_in_directory(a_directory_name_entry *dir, a_search *search) {
   reset_text_buffer(name_buffer);
   const char *full_name = combine_dir_and_file_name(dir->name, search->name, nullptr);
@@ -113,6 +114,7 @@ bool try_in_directory(a_directory_name_entry *dir, a_search *search) {
         colon != nullptr ? static_cast<std::size_t>(colon - suffix) : std::strlen(suffix);
     reset_text_buffer(name_buffer);
     f_add_string_to_text_buffer(name_buffer, base);
+    if (length != 0 && *suffix != '.') add_char_to_text_buffer(name_buffer, '.');
     add_to_text_buffer(name_buffer, suffix, length);
     if (try_file(text_of_buffer(name_buffer), dir, search)) return true;
     if (colon == nullptr) return false;
@@ -134,7 +136,8 @@ bool find_on_search_path(const an_include_request *request, a_search *search) {
   if (request->is_next && curr_ise != nullptr && curr_ise->search_dir != nullptr)
     search->start = curr_ise->search_dir->next;
   if (search->start == nullptr) {
-    if (incl_search_path == nullptr && !request->is_next) catastrophe(ec_empty_include_search_path);
+    if (incl_search_path == nullptr && !request->is_next)
+      str_catastrophe(ec_empty_include_search_path, search->name);
     search->failure.flags = off_does_not_exist;
     return false;
   }

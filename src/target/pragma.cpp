@@ -217,6 +217,10 @@ bool pragma_is_push_or_pop_macro(const a_pragma_kind_description *description) {
   return description->kind == prk_push_macro || description->kind == prk_pop_macro;
 }
 
+bool pragma_is_once(const a_pragma_kind_description *description) {
+  return description->kind == prk_once;
+}
+
 bool pragma_must_be_directive(const a_pragma_kind_description *description) {
   return description->kind == prk_hdrstop || description->kind == prk_no_pch;
 }

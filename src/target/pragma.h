@@ -93,6 +93,7 @@ void record_pragma(a_pragma_kind_description *description,
                    const a_source_position *name_position, bool in_parens);
 bool pragma_is_preprocessor_mode(const a_pragma_kind_description *description);
 bool pragma_is_push_or_pop_macro(const a_pragma_kind_description *description);
+bool pragma_is_once(const a_pragma_kind_description *description);
 // A pragma that may not be written with _Pragma.
 bool pragma_must_be_directive(const a_pragma_kind_description *description);
 // A lint comment in front of the next token.

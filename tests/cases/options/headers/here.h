@@ -1,0 +1,1 @@
+int found_in_headers;

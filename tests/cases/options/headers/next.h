@@ -1,0 +1,2 @@
+#include_next <next.h>
+int first;

@@ -1,0 +1,3 @@
+int before;
+#include HEADER
+int after;

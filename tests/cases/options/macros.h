@@ -1,0 +1,2 @@
+#define NAME one_by_macro
+int not_wanted;

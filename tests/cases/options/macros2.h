@@ -1,0 +1,1 @@
+#define NAME2 NAME

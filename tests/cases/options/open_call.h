@@ -1,0 +1,2 @@
+#define f(a) a
+int x = f(

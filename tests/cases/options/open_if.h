@@ -1,0 +1,2 @@
+#if 1
+int open_if;

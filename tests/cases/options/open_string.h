@@ -1,0 +1,2 @@
+char *s = "not closed
+;
