@@ -3,7 +3,7 @@
 
 usage: run_options.py QXPARSE OUTPUT_DIR [TABLE ...]
 
-A table holds calls, with blank lines and # lines between them:
+A table holds calls, with blank lines and comments (# and no number) between them:
     $ --c --c++ one.c
     = 4
     Command-line error: language modes specified are incompatible
@@ -18,6 +18,7 @@ folder of the table; {out} is the output folder, a line "? NAME" a file that mus
 """
 import glob
 import os
+import re
 import shlex
 import shutil
 import subprocess
@@ -39,7 +40,7 @@ def calls(path):
                 call['status'], call['refused'] = int(words[0]), 'refused' in words
             elif row[:2] in ('? ', '! '):
                 call['files'].append((row[0] == '?', row[2:].strip()))
-            elif row and not row.startswith('#'):
+            elif row and not re.match(r'#(?! \d)', row):
                 call['lines'].append(row)
 
 

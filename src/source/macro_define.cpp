@@ -433,7 +433,7 @@ a_symbol *enter_definition(const a_definition *d) {
 }
 
 // Between the name and the list of an object-like macro.
-void check_gap_behind_name(const char *name_end) {
+void check_gap_behind_name(const char *name, const char *name_end) {
   if (curr_cmd_line_or_predef_macro_def != nullptr && !processing_predefined_macro) {
     if (gnu_mode) return;
     if (*curr_char_loc != '=')
@@ -450,9 +450,9 @@ void check_gap_behind_name(const char *name_end) {
     return;
   }
   bool strict = strict_ansi_mode && std_version >= 199901;
-  pos_diagnostic(
+  pos_st_diagnostic(
       strict ? static_cast<an_error_severity>(strict_ansi_discretionary_severity) : es_warning,
-      ec_white_space_required_after_macro_name, &pos);
+      ec_white_space_required_after_macro_name, &pos, name);
 }
 
 }  // namespace
@@ -481,7 +481,7 @@ a_symbol *proc_define() {
     if (!scan_params(&d)) return nullptr;
   } else {
     d.flags |= mf_object_like;
-    check_gap_behind_name(name_end);
+    check_gap_behind_name(d.header->name, name_end);
   }
   if (!scan_replacement_list(&d)) return nullptr;
   return enter_definition(&d);

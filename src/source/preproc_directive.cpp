@@ -180,7 +180,9 @@ static void undef_directive() {
   if (variadic_macros_allowed && std::strcmp(header->name, "__VA_ARGS__") == 0) {
     pos_error(ec_VA_ARGS_not_allowed, &pos);
   } else if (macro_symbol != nullptr) {
-    if ((macro_def_of(macro_symbol)->flags & mf_predefined) != 0 && !gnu_mode) {
+    // Without the operator defined no condition could be read.
+    bool may_go = gnu_mode && macro_def_of(macro_symbol)->magic != mm_defined;
+    if ((macro_def_of(macro_symbol)->flags & mf_predefined) != 0 && !may_go) {
       if (!check_misra_c_2004)
         pos_sy_diagnostic(es_discretionary_error, ec_cannot_undef_predef_macro, &pos, macro_symbol);
     } else {

@@ -57,7 +57,7 @@ bool scan_line_number(bool is_digit_form, std::uint32_t *line) {
   const char *p = curr_char_loc;
   for (; *p >= '0' && *p <= '9'; ++p)
     if (value <= UINT32_MAX) value = value * 10 + static_cast<unsigned>(*p - '0');
-  bool ends_well = !starts_identifier(p);
+  bool ends_well = !starts_identifier(p) && *p != '.';
   if (value == 0 && is_digit_form) value = 1;
   bool valid = ends_well && value != 0 && value <= UINT32_MAX;
   if (!valid) report_here(ends_well ? ec_bad_line_number : ec_exp_line_number);
