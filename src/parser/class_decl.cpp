@@ -166,6 +166,7 @@ void note_member_marks(a_class_scan &scan, a_type *type) {
   unsigned qualifiers = get_type_qualifiers(type);
   if ((qualifiers & tq_const) != 0) flags.has_const_member = true;
   if ((qualifiers & tq_volatile) != 0) flags.has_volatile_member = true;
+  type = skip_array_types(type);
   if (!is_class_struct_union_type(type)) return;
   const a_class_flags &inner = skip_typerefs(type)->class_flags;
   if (inner.has_const_member) flags.has_const_member = true;

@@ -47,7 +47,7 @@ a_constant *scan_braced_string(an_init_walk &walk, a_type **type) {
   get_token();
   a_constant *value = scan_string_initializer(walk, type);
   if (curr_token == tok_comma) get_token();
-  required_token(tok_rbrace, ec_exp_rbrace);
+  scan_end_of_braced_list();
   return value;
 }
 

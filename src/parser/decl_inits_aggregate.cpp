@@ -408,6 +408,17 @@ a_constant *scan_class(an_init_walk &init, a_type *type, a_brace_form form, a_co
 
 }  // namespace
 
+// { 1 2, 3 }   After a forgotten comma the rest of the list is no declarator of what is around it.
+void scan_end_of_braced_list() {
+  if (curr_token != tok_rbrace) {
+    pos_syntax_error(ec_exp_rbrace, &pos_curr_token);
+    a_stop_token_count stops[tok_last] = {};
+    stops[tok_rbrace] = stops[tok_semicolon] = 1;
+    flush_tokens_with_stop_tokens_and_warning_flag(stops, true);
+  }
+  if (curr_token == tok_rbrace) get_token();
+}
+
 // initializer-list:
 //     [designation] initializer { , [designation] initializer }
 // C11 6.7.9
@@ -440,7 +451,7 @@ a_constant *scan_aggregate(an_init_walk &walk, a_type **type, a_brace_form form)
   if (form == bform_braces) {
     remove_stop_token(tok_comma);
     remove_stop_token(tok_rbrace);
-    required_token(tok_rbrace, ec_exp_rbrace);
+    scan_end_of_braced_list();
   } else if (walk.has_pending) {
     // struct { struct {} e; int i; } s = {1};  The value is that of e, which has no room for it.
     an_aggregate_walk list = {&walk, form, aggregate, true, false};

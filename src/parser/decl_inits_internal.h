@@ -35,6 +35,8 @@ inline constexpr int max_initializer_depth = 1000;
 a_constant *scan_object_initializer(an_init_walk &walk, a_type **type);
 
 // decl_inits_aggregate.cpp
+// The "}" behind the elements of a list.
+void scan_end_of_braced_list();
 a_constant *scan_aggregate(an_init_walk &walk, a_type **type, a_brace_form form);
 bool at_designator();
 

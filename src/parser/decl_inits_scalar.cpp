@@ -145,7 +145,7 @@ a_constant *scan_braced_scalar(an_init_walk &walk, a_type *type) {
   }
   remove_stop_token(tok_comma);
   remove_stop_token(tok_rbrace);
-  required_token(tok_rbrace, ec_exp_rbrace);
+  scan_end_of_braced_list();
   --walk.depth;
   return value;
 }

@@ -102,6 +102,7 @@ struct a_decl_parse_state {
   bool caller_mark : 1;          // dsf_set_caller_mark was given
   bool is_file_scope_declaration : 1;
   bool is_first_declarator : 1;
+  bool in_for_init : 1;  // the first clause of a for statement: objects only
 
   // Initializer.
   bool static_storage : 1;     // the object exists before the program starts

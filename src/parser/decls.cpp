@@ -262,6 +262,8 @@ bool declare_declarator(a_symbol_locator *locator, a_decl_parse_state *state,
     declare_object(locator, state);
     return false;
   }
+  if (state->in_for_init && !in_cplusplus())
+    pos_error(ec_invalid_storage_class_in_for_init, &locator->position);
   bool is_definition = is_function_body_here(state, func_info);
   check_type_specified(state, true, is_definition);
   if (is_definition) {
@@ -396,6 +398,7 @@ bool scan_special_declaration() {
 
 void scan_simple_declaration(a_decl_parse_state *state, bool in_for_init) {
   state->is_file_scope_declaration = declaring_at_file_scope();
+  state->in_for_init = in_for_init;
   if (at_attribute()) state->prefix_attributes = scan_attributes(al_decl_start);
   decl_specifiers(specifier_flags(in_for_init), state, nullptr);
   if (curr_token == tok_semicolon) {

@@ -199,13 +199,18 @@ void scan_expr_at_level(an_operand *result, int level) {
   scan_operators(result, level);
 }
 
-void discard_operand_value(an_operand *operand) {
-  if (!operand_has_effect(operand)) expr_pos_warning(ec_expr_has_no_effect, &operand->start_pos);
+// Only a volatile object is read although nobody wants its value.
+static void drop_operand_value(an_operand *operand) {
   if (operand->value_category == vc_glvalue && is_volatile_type(operand->type) &&
       !is_array_type(operand->type))
     do_operand_transformations(operand);
   else if (operand->value_category != vc_prvalue)
     do_operand_transformations(operand, dot_keep_lvalue | dot_keep_array | dot_keep_function);
+}
+
+void discard_operand_value(an_operand *operand) {
+  if (!operand_has_effect(operand)) expr_pos_warning(ec_expr_has_no_effect, &operand->start_pos);
+  drop_operand_value(operand);
 }
 
 // ---- Full expressions --------------------------------------------------------------------------
@@ -252,13 +257,27 @@ an_expr_node *scan_integer_expression(a_type **orig_type) {
   return node;
 }
 
-an_expr_node *scan_return_expression(a_type *type, a_dynamic_init **init) {
+an_expr_node *scan_typed_expression(a_type *type, an_error_code code) {
   a_full_expression context(ek_normal);
-  *init = nullptr;
   an_operand operand;
   scan_expr_at_level(&operand, level_any);
-  prep_assignment_operand(&operand, type, ec_bad_return_value_type);
+  prep_assignment_operand(&operand, type, code);
   return make_node_from_operand(&operand);
+}
+
+an_expr_node *scan_return_expression(a_type *type, a_dynamic_init **init) {
+  *init = nullptr;
+  return scan_typed_expression(type, ec_bad_return_value_type);
+}
+
+an_expr_node *scan_unwanted_return_expression() {
+  a_full_expression context(ek_normal);
+  an_operand operand;
+  scan_expr_at_level(&operand, level_any);
+  drop_operand_value(&operand);
+  an_expr_node *node = make_node_from_operand(&operand);
+  node->result_not_used = true;
+  return node;
 }
 
 // ---- Constant expressions ----------------------------------------------------------------------

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 
+#include "DIAG/error_codes.h"
 #include "il/il_fwd.h"
 
 struct an_operand;
@@ -24,6 +25,10 @@ an_expr_node *scan_boolean_controlling_expression();
 an_expr_node *scan_integer_expression(a_type **orig_type);
 // The value of a return statement, converted to the type.
 an_expr_node *scan_return_expression(a_type *type, a_dynamic_init **init);
+// An expression converted to the type as by assignment; code tells of one that cannot be.
+an_expr_node *scan_typed_expression(a_type *type, an_error_code code);
+// The value of  return e;  in a function that returns void: computed and dropped.
+an_expr_node *scan_unwanted_return_expression();
 
 // ---- Constant expressions; the constant is an error constant after a message -------------------
 

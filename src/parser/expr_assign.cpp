@@ -99,7 +99,7 @@ void scan_assignment(an_operand *left, an_operand *result) {
   if (op == eok_assign) {
     if (ok)
       prep_assignment_operand(&right, left->type, ec_incompatible_assignment_operands);
-    else
+    else if (!is_incomplete_type(right.type))
       do_operand_transformations(&right);
     ok &= right.kind != ok_error;
   } else {

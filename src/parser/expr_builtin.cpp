@@ -126,7 +126,7 @@ namespace {
 
 void cache_association(a_token_cache *cache) {
   a_stop_token_count stops[tok_last] = {};
-  stops[tok_comma] = stops[tok_rparen] = 1;
+  stops[tok_comma] = stops[tok_rparen] = stops[tok_semicolon] = stops[tok_rbrace] = 1;
   cache_token_stream(cache, stops);
 }
 
@@ -141,8 +141,10 @@ bool type_is_listed(const a_type_list_entry *list, a_type *type) {
   return false;
 }
 
-// type :   or   default :   Null for default, and after a message with *ok cleared.
-a_type *scan_association_head(bool *seen_default, const a_type_list_entry *listed, bool *ok) {
+// type :   or   default :   Is the colon there? *result is null for default; after a message *ok is
+// cleared.
+bool scan_association_head(bool *seen_default, const a_type_list_entry *listed, a_type **result,
+                           bool *ok) {
   a_source_position position = pos_curr_token;
   a_type *type = nullptr;
   if (curr_token == tok_default) {
@@ -170,8 +172,10 @@ a_type *scan_association_head(bool *seen_default, const a_type_list_entry *liste
       *ok = false;
     }
   }
-  required_token(tok_colon, ec_exp_colon);
-  return type;
+  *result = type;
+  bool has_colon = required_token(tok_colon, ec_exp_colon);
+  *ok &= has_colon;
+  return has_colon;
 }
 
 void scan_cached_association(a_token_cache *cache, an_operand *result) {
@@ -204,7 +208,8 @@ void scan_generic_selection(an_operand *result) {
   bool ok = selector.kind != ok_error, seen_default = false, found = false, has_candidate = false;
   while (curr_token == tok_comma) {
     get_token();
-    a_type *type = scan_association_head(&seen_default, listed, &ok);
+    a_type *type;
+    if (!scan_association_head(&seen_default, listed, &type, &ok)) continue;
     bool matches = type != nullptr && !is_error_type(type) && selector.kind != ok_error &&
                    types_are_compatible(type, selector_type);
     if (type != nullptr) {

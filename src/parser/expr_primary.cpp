@@ -136,6 +136,22 @@ void make_variable_operand(a_symbol *symbol, an_operand *result) {
   if (result->kind == ok_error) entry->kinds = ref_read;
 }
 
+// while (int *p = q)   A declaration where C has an expression: up to behind the declared name.
+void skip_declaration_in_expression() {
+  while (is_type_start(dst_type_id_only)) {
+    bool is_tag = curr_token == tok_struct || curr_token == tok_union || curr_token == tok_enum;
+    get_token();
+    if (is_tag && curr_token == tok_identifier) get_token();
+    if (is_tag && curr_token == tok_lbrace) {
+      flush_until_matching_token();
+      if (curr_token == tok_rbrace) get_token();
+    }
+  }
+  while (curr_token == tok_star)
+    get_token();
+  if (curr_token == tok_identifier) get_token();
+}
+
 // identifier
 // C11 6.5.1
 void scan_identifier(an_operand *result) {
@@ -169,7 +185,8 @@ void scan_identifier(an_operand *result) {
     case syk_type:
       expr_pos_error(ec_type_identifier_not_allowed, &pos_curr_token);
       make_error_operand(result);
-      break;
+      skip_declaration_in_expression();
+      return;
     default:
       expr_pos_st_error(ec_not_supported, &pos_curr_token,
                         "a name of this kind in an expression is");
@@ -229,6 +246,10 @@ void scan_statement_expression(an_operand *result, const a_source_position *star
 void scan_compound_literal(an_operand *result, a_type *type, const a_source_position *start) {
   if (report_gnu_extensions && std_version < 199901)
     expr_pos_warning(ec_compound_literal_is_nonstandard, start);
+  if (is_incomplete_type(type) && !is_array_type(type)) {
+    if (expr_error_should_be_issued()) pos_ty_error(ec_incomplete_type_not_allowed, start, type);
+    type = error_type();
+  }
   a_decl_parse_state state;
   clear_decl_parse_state(&state);
   bool in_function = depth_innermost_function_scope >= 0;
@@ -452,7 +473,7 @@ void scan_primary(an_operand *result) {
   }
   if (is_type_start(dst_type_id_only)) {
     expr_pos_error(ec_type_identifier_not_allowed, &pos_curr_token);
-    get_token();
+    skip_declaration_in_expression();
   } else {
     expr_syntax_error(ec_exp_primary_expr);
   }

@@ -82,6 +82,13 @@ void scan_postfix_incr_decr(an_operand *left, an_operand *result) {
   make_incr_decr(op, left, result, &start);
 }
 
+// The variable that the lvalue is, or is a member of; null for others.
+static a_variable *variable_of_lvalue(const an_expr_node *node) {
+  while (node->kind == enk_operation && node->op == eok_dot_field)
+    node = node->operands;
+  return node->kind == enk_variable ? node->variable : nullptr;
+}
+
 void make_address_of(an_operand *operand, an_operand *result, const a_source_position *start) {
   do_operand_transformations(operand, dot_keep_array | dot_keep_function | dot_keep_lvalue);
   if (operand->kind == ok_error) {
@@ -107,11 +114,11 @@ void make_address_of(an_operand *operand, an_operand *result, const a_source_pos
     make_constant_operand(&address, result);
   } else {
     an_expr_node *node = operand->expr;
-    if (node->kind == enk_variable && node->variable->storage_class == sc_register &&
-        !in_cplusplus()) {
+    a_variable *variable = variable_of_lvalue(node);
+    if (variable != nullptr && variable->storage_class == sc_register && !in_cplusplus()) {
       expr_pos_diagnostic(strict_ansi_mode ? strict_ansi_error_severity : es_warning,
                           ec_address_of_register_variable, &operand->start_pos);
-      node->variable->storage_class = sc_auto;
+      variable->storage_class = sc_auto;
     }
     take_address_of_lvalue(operand);
     if (fold_address_of_lvalue(node, pointer, &address)) {

@@ -175,6 +175,7 @@ void function_definition(a_symbol_locator *locator, a_decl_parse_state *state,
   }
   if (func_info->param_id_list != nullptr)
     scan_knr_parameter_declarations(func_info, skip_typerefs(routine->type));
+  routine->is_main = func_info->is_main;
   scan_function_body(routine, func_info, 0);
 }
 

@@ -387,7 +387,9 @@ void scan_end_of_block_after_label() {
 void scan_stray_token() {
   std::uint32_t before = curr_token_sequence_number;
   error_position = pos_curr_token;
+  add_stop_token(tok_semicolon);
   syntax_error(ec_exp_statement);
+  remove_stop_token(tok_semicolon);
   if (curr_token == tok_semicolon) {
     get_token();
   } else if (curr_token_sequence_number == before && curr_token != tok_rbrace &&
@@ -590,8 +592,10 @@ a_statement *compound_statement_full(unsigned flags, a_type **result_type) {
   // Pragmas in front of the closing brace belong to this block.
   if (curr_token_pragmas != nullptr) process_curr_token_pragmas();
   remove_stop_token(tok_rbrace);
-  if (is_function_body && stmt_reachable)
+  if (is_function_body && stmt_reachable) {
     check_implicit_return(true, (flags & bf_user_body) != 0, &pos_curr_token);
+    add_return_at_end_of_main(&pos_curr_token);
+  }
   if (result_type != nullptr)
     *result_type = entry.result_type != nullptr ? entry.result_type : void_type();
   block->ends_unreachable = !end_reachable;

@@ -133,6 +133,7 @@ void scan_goto_statement();
 void scan_break_statement();
 void scan_continue_statement();
 void scan_return_statement();
+void add_return_at_end_of_main(const a_source_position *position);
 void scan_local_label_declarations();
 
 // ( expression )  as a truth value; *is_true and *is_false tell of a constant.

@@ -51,6 +51,7 @@ void scan_local_label_declarations() {
   do {
     get_token();
     if (curr_token != tok_identifier) {
+      error_position = pos_curr_token;
       syntax_error(ec_exp_identifier);
       break;
     }
@@ -101,8 +102,7 @@ void scan_goto_statement() {
   if (curr_token == tok_star && gnu_mode) {
     pos_st_error(ec_not_supported, &position, "GCC-style assigned goto");
     get_token();
-    a_dynamic_init *init = nullptr;
-    scan_void_expression(nullptr, &init);
+    scan_typed_expression(make_pointer_type(void_type()), ec_assigned_goto_requires_void_ptr);
     set_reachability(not_reachable);
     unreachable_reported = true;
     required_token(tok_semicolon, ec_exp_semicolon);
@@ -195,8 +195,7 @@ a_type *return_type_of(a_routine *routine) {
 
 // return e;  in a function that returns void. The value is computed and dropped.
 an_expr_node *scan_value_in_void_function(const a_source_position *position) {
-  a_dynamic_init *init = nullptr;
-  an_expr_node *node = scan_void_expression(nullptr, &init);
+  an_expr_node *node = scan_unwanted_return_expression();
   bool is_void = node == nullptr || is_void_type(node->type) || is_error_type(node->type);
   if (!gcc_mode || strict_ansi_mode)
     pos_error(ec_value_returned_in_void_function, position);
@@ -222,6 +221,10 @@ int severity_of_missing_value_in_main(bool at_end) {
   return in_cplusplus() || std_version >= 199901 ? es_none : es_remark;
 }
 
+bool is_main_that_returns_a_status(const a_routine *routine, a_type *type) {
+  return routine->is_main && skip_typerefs(type)->kind == tk_integer;
+}
+
 }  // namespace
 
 void check_implicit_return(bool at_end_of_function, bool is_user_body,
@@ -235,7 +238,7 @@ void check_implicit_return(bool at_end_of_function, bool is_user_body,
     return;
   if (at_end_of_function) routine->missing_return_possible = end_reachable;
   an_error_severity severity;
-  if (routine->is_main && skip_typerefs(type)->kind == tk_integer)
+  if (is_main_that_returns_a_status(routine, type))
     severity = severity_of_missing_value_in_main(at_end_of_function);
   else
     severity = severity_of_missing_value(at_end_of_function, is_user_body);
@@ -245,6 +248,17 @@ void check_implicit_return(bool at_end_of_function, bool is_user_body,
                     at_end_of_function ? ec_implicit_return_from_non_void_function
                                        : ec_no_value_returned_in_non_void_function,
                     position, routine->symbol);
+}
+
+// The end of main is  return 0;
+void add_return_at_end_of_main(const a_source_position *position) {
+  a_routine *routine = innermost_function();
+  if (routine == nullptr || !end_reachable) return;
+  a_type *type = return_type_of(routine);
+  if (!is_main_that_returns_a_status(routine, type)) return;
+  a_statement *statement = add_statement_at_stmt_pos(stmk_return, position);
+  statement->expr = node_for_integer_constant(0, ik_int);
+  statement->end_position = *position;
 }
 
 // return [expression] ;

@@ -106,8 +106,10 @@ an_expr_node *scan_condition(bool *is_true, bool *is_false) {
   add_stop_token(tok_rparen);
   an_expr_node *node;
   if (scan_left_paren_of_condition()) {
+    add_stop_token(tok_semicolon);
     node = scan_boolean_controlling_expression();
     required_token(tok_rparen, ec_exp_rparen);
+    remove_stop_token(tok_semicolon);
   } else {
     node = error_node();
     if (curr_token == tok_rparen) get_token();
@@ -270,6 +272,32 @@ void scan_for_increment(a_statement *statement) {
   set_reachability(state);
 }
 
+// The clauses and the parenthesis behind them.
+void scan_for_clauses(a_statement *statement, a_reachability *at_condition) {
+  add_stop_token(tok_rparen);
+  add_stop_token(tok_semicolon);
+  scan_for_init(statement);
+  scan_for_condition(statement);
+  remove_stop_token(tok_semicolon);
+  *at_condition = curr_reachability();
+  scan_for_increment(statement);
+  required_token(tok_rparen, ec_exp_rparen);
+  remove_stop_token(tok_rparen);
+}
+
+// for i = 0; i < n; i++) ...   without its parenthesis: what follows cannot be told apart.
+void skip_for_clauses() {
+  pos_syntax_error(ec_exp_lparen, &pos_curr_token);
+  a_stop_token_count stops[tok_last] = {};
+  stops[tok_rparen] = stops[tok_lbrace] = stops[tok_rbrace] = stops[tok_semicolon] = 1;
+  for (int clause = 0; clause < 3; ++clause) {
+    flush_tokens_with_stop_tokens_and_warning_flag(stops, true);
+    if (curr_token != tok_semicolon || clause == 2) break;
+    get_token();
+  }
+  if (curr_token == tok_rparen) get_token();
+}
+
 }  // namespace
 
 // for ( [expression] ; [expression] ; [expression] ) statement
@@ -282,16 +310,14 @@ void scan_for_statement() {
   bool own_scope = body_is_a_scope() && !use_nonstandard_for_init_scope;
   if (own_scope) push_for_init_scope(nullptr);
   get_token();
-  add_stop_token(tok_rparen);
-  add_stop_token(tok_semicolon);
-  required_token(tok_lparen, ec_exp_lparen);
-  scan_for_init(statement);
-  scan_for_condition(statement);
-  remove_stop_token(tok_semicolon);
+  bool has_header = curr_token == tok_lparen;
   a_reachability at_condition = curr_reachability();
-  scan_for_increment(statement);
-  required_token(tok_rparen, ec_exp_rparen);
-  remove_stop_token(tok_rparen);
+  if (has_header) {
+    get_token();
+    scan_for_clauses(statement, &at_condition);
+  } else {
+    skip_for_clauses();
+  }
   start_loop_body(top_stmt_entry());
   scan_dependent_statement();
   finish_loop_body();

@@ -43,8 +43,6 @@ int g(void) { return; }
 //            ^
 // expect: warning #118 non-void function "g" should return a value
 void h(void) { return 1; }
-//                    ^
-// expect: warning #176 expression has no effect
 //             ^
 // expect: warning #119 a value is returned from a function that returns void
 struct s { int a; } v;

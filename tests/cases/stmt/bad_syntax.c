@@ -24,8 +24,6 @@ void h(void) { while () ; }
 //                    ^
 // expect: error #29 expected an expression
 void j(void) { return 1 2; }
-//                    ^
-// expect: warning #176 expression has no effect
 //             ^
 // expect: warning #119 a value is returned from a function that returns void
 //                      ^
