@@ -298,7 +298,7 @@ void finish_arg(a_macro_arg *arg, const a_list_state *list, const a_macro_param 
   end_text(&arg->raw);
   bool empty = arg->raw.length == 0;
   if (empty && is_variadic_param && !is_first) arg->is_empty_variadic = true;
-  if (empty && strict_ansi_mode && !is_variadic_param && !is_first &&
+  if (empty && strict_ansi_mode && !is_variadic_param && param != nullptr &&
       (in_cplusplus() ? std_version < 201103 : std_version < 199901)) {
     a_source_position pos;
     source_position_at(curr_char_loc - 1, &pos);

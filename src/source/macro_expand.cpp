@@ -32,6 +32,7 @@ bool in_macro_arg_list;
 
 static constexpr int max_macro_depth = 2000;  // of invocations inside arguments
 static constexpr int max_pcc_recursion = 300;
+static constexpr std::size_t max_pcc_result = std::size_t{1} << 22;
 
 // ---- Recursion ---------------------------------------------------------------------------------
 
@@ -40,6 +41,13 @@ bool is_in_own_expansion(const a_symbol *macro_symbol) {
   for (const a_source_line_modif *m = curr_text_modif; m != nullptr; m = m->parent)
     if (m->macro_id == macro_symbol) return true;
   return false;
+}
+
+// f(a) f(a a) doubles its argument at each level of the recursion that old preprocessing allows.
+static bool pcc_result_is_too_long(std::size_t length, const a_source_position *pos) {
+  if (!pcc_preprocessing_mode || length <= max_pcc_result) return false;
+  pos_error(ec_macro_recursion, pos);
+  return true;
 }
 
 // Old preprocessing lets a macro expand in its own expansion, up to a limit.
@@ -311,7 +319,7 @@ static void expand_function_like(a_symbol *macro_symbol, const char *name,
   s.args = arg_table;
   std::size_t bound = bound_of_result(def, arg_table);
   s.start = s.out = s.operand_start = alloc_macro_text(bound);
-  put_all_chunks(&s);
+  if (!pcc_result_is_too_long(bound, pos)) put_all_chunks(&s);
   s.out[0] = '\0';
   s.out[1] = tm_end_of_modif;
   release_macro_text_from(s.out + 2);

@@ -9,6 +9,7 @@
 #include "semantics/symbol_tbl.h"
 #include "semantics/sys_predef.h"
 #include "source/input_stack_internal.h"
+#include "source/lexical_internal.h"
 #include "source/macro_internal.h"
 #include "source/preproc.h"
 #include "source/preproc_internal.h"
@@ -276,6 +277,19 @@ void process_pragma_text(const char *text, const a_source_position *pos) {
   in_preprocessing_directive = saved_directive;
 }
 
+// What stands in place of the string goes with the operator.
+void skip_to_rparen_in_text() {
+  for (;;) {
+    skip_white_space();
+    a_pp_text_kind kind;
+    bool at_rparen = *curr_char_loc == ')';
+    const char *end = end_of_pp_token(curr_char_loc, &kind, nullptr);
+    if (kind == ptk_end || *curr_char_loc == ';') return;
+    curr_char_loc = end;
+    if (at_rparen) return;
+  }
+}
+
 // _Pragma ( string )
 const char *pragma_operator_text(const a_source_position *pos, std::size_t *length) {
   // Inside the arguments of a macro the operator waits until the result is scanned, and in
@@ -286,12 +300,15 @@ const char *pragma_operator_text(const a_source_position *pos, std::size_t *leng
     char *text = scan_pragma_string();
     if (text == nullptr) {
       report_here(ec_exp_string_literal);
+      skip_to_rparen_in_text();
     } else {
       process_pragma_text(text, pos);
       release_macro_text_from(text);
+      skip_char(')', ec_exp_rparen);
     }
-    skip_char(')', ec_exp_rparen);
     if (!caching_tokens) process_immediate_pragmas();
+  } else {
+    expect_syntax_error_after(0);
   }
   return text_of("", length);
 }
