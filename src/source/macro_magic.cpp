@@ -304,7 +304,7 @@ const char *pragma_operator_text(const a_source_position *pos, std::size_t *leng
     } else {
       process_pragma_text(text, pos);
       release_macro_text_from(text);
-      skip_char(')', ec_exp_rparen);
+      if (!skip_char(')', ec_exp_rparen)) expect_syntax_error_after(0);
     }
     if (!caching_tokens) process_immediate_pragmas();
   } else {
