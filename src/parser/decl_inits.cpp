@@ -51,11 +51,26 @@ a_constant *scan_braced_string(an_init_walk &walk, a_type **type) {
   return value;
 }
 
+// The value of a compound literal of the type in place of braces; null: no such literal waits.
+a_constant *take_pending_literal(an_init_walk &walk, a_type *type) {
+  a_constant *literal = constant_of_pending_literal(walk);
+  if (literal == nullptr) return nullptr;
+  a_type *given = make_unqualified_type(type_of_pending(walk));
+  if (!types_are_compatible(given, make_unqualified_type(type))) return nullptr;
+  drop_pending(walk);
+  return alloc_unshared_constant(literal);
+}
+
 // An array or class without braces of its own at the top of an initializer.
 a_constant *scan_unbraced_array(an_init_walk &walk, a_type **type) {
   if (walk.depth == 0 && !walk.has_pending) {
     a_source_position position = pos_curr_token;
     fetch_operand(walk);
+    a_constant *literal = take_pending_literal(walk, *type);
+    if (literal != nullptr) {
+      *type = literal->type;
+      return literal;
+    }
     if (f_types_are_compatible(type_of_pending(walk), *type, tcf_error_is_compatible) &&
         !is_error_type(type_of_pending(walk))) {
       pos_st_error(ec_not_supported, &position, "initializing an array from another array is");
@@ -72,6 +87,8 @@ a_constant *scan_unbraced_array(an_init_walk &walk, a_type **type) {
 
 a_constant *scan_unbraced_class(an_init_walk &walk, a_type **type) {
   fetch_operand(walk);
+  a_constant *literal = take_pending_literal(walk, *type);
+  if (literal != nullptr) return literal;
   a_type *given = type_of_pending(walk);
   if (walk.depth == 0 || is_error_type(given) || identical_types_ignoring_qualifiers(given, *type))
     return convert_pending(walk, *type);

@@ -44,6 +44,8 @@ bool at_designator();
 // Reads an expression into walk.pending, unless one waits there.
 void fetch_operand(an_init_walk &walk);
 a_type *type_of_pending(const an_init_walk &walk);
+// The value of a pending compound literal where only a constant will do; null for all else.
+a_constant *constant_of_pending_literal(const an_init_walk &walk);
 // Converts the pending expression to a scalar type, or to its own class type.
 a_constant *convert_pending(an_init_walk &walk, a_type *type);
 void drop_pending(an_init_walk &walk);  // if there is one

@@ -29,6 +29,23 @@ a_type *type_of_pending(const an_init_walk &walk) {
   return walk.pending.type;
 }
 
+// static struct s v = (struct s){1, 2};   GNU C takes the value of the literal.
+a_constant *constant_of_pending_literal(const an_init_walk &walk) {
+  const an_operand &pending = walk.pending;
+  if (!walk.constant_required || !gnu_mode || pending.kind != ok_expression ||
+      !pending.is_compound_literal || pending.value_category != vc_glvalue)
+    return nullptr;
+  const an_expr_node *node = pending.expr;
+  a_constant *value = nullptr;
+  if (node->kind == enk_variable && node->variable->init_kind == init_constant)
+    value = node->variable->initializer.constant;
+  else if (node->kind == enk_temp_init && node->init->kind == dik_constant)
+    value = node->init->constant;
+  if (value == nullptr || (value->kind == ck_aggregate && value->has_dynamic_init_component))
+    return nullptr;
+  return value;
+}
+
 namespace {
 
 a_constant *wrap_dynamic_value(an_init_walk &walk, an_expr_node *node, a_type *type) {
@@ -100,6 +117,9 @@ a_constant *scan_scalar_value(an_init_walk &walk, a_type *type) {
     if (literal != nullptr) return literal;
   }
   fetch_operand(walk);
+  const a_constant *literal = constant_of_pending_literal(walk);
+  if (literal != nullptr && is_scalar_type(type_of_pending(walk)))
+    make_constant_operand(literal, &walk.pending);
   return convert_pending(walk, type);
 }
 

@@ -104,7 +104,8 @@ void enter_enumerator(an_enum_scan &scan, a_symbol_locator *locator, an_attribut
   locator->symbol = nullptr;
   a_symbol *previous = scope_depth_id_lookup(locator, scan.depth, 0);
   if (previous != nullptr) {
-    pos_st_error(ec_id_already_declared, &locator->position, locator->header->name);
+    if (!previous->is_error_symbol)
+      pos_st_error(ec_id_already_declared, &locator->position, locator->header->name);
     return;
   }
   a_constant *constant = fs_constant(ck_integer);

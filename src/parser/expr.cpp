@@ -105,7 +105,9 @@ class a_full_expression {
 };
 
 bool has_effect(const an_expr_node *node) {
-  if (node->kind != enk_operation) return node->kind != enk_constant && node->kind != enk_variable;
+  if (node->kind == enk_constant || node->kind == enk_variable || node->kind == enk_routine)
+    return false;
+  if (node->kind != enk_operation) return true;
   switch (node->op) {
     case eok_post_incr:
     case eok_post_decr:
@@ -215,12 +217,21 @@ void discard_operand_value(an_operand *operand) {
 
 // ---- Full expressions --------------------------------------------------------------------------
 
+// ({ ...; value; })   Null statements behind the value do not count, nor does a forgotten ";".
+static bool at_end_of_statement_expression() {
+  if (curr_token == tok_rbrace) return true;
+  if (curr_token != tok_semicolon) return false;
+  while (next_token() == tok_semicolon)
+    get_token();
+  return next_token() == tok_rbrace;
+}
+
 an_expr_node *scan_void_expression(bool *is_result, a_dynamic_init **init) {
   a_full_expression context(ek_normal);
   an_operand operand;
   scan_expr_at_level(&operand, level_any);
   *init = nullptr;
-  bool is_tail = is_result != nullptr && curr_token == tok_semicolon && next_token() == tok_rbrace;
+  bool is_tail = is_result != nullptr && at_end_of_statement_expression();
   if (is_tail && !is_void_type(operand.type)) {
     do_operand_transformations(&operand);
     an_expr_node *node = make_node_from_operand(&operand);

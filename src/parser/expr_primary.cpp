@@ -218,14 +218,16 @@ void scan_special_float(an_operand *result) {
 
 // ({ ... })
 void scan_statement_expression(an_operand *result, const a_source_position *start) {
-  if (innermost_function_scope == nullptr) {
-    expr_pos_error(ec_statement_expression_in_function_only, start);
+  bool must_be_constant = in_constant_expression() && expr_stack->value_needed;
+  if (innermost_function_scope == nullptr || must_be_constant) {
+    expr_pos_error(innermost_function_scope == nullptr ? ec_statement_expression_in_function_only
+                                                       : ec_expr_not_constant,
+                   start);
     flush_until_matching_token();
     get_token();
     make_error_operand(result);
   } else {
     if (report_gnu_extensions) expr_pos_warning(ec_statement_expression_is_gnu_extension, start);
-    if (in_constant_expression()) expr_pos_error(ec_expr_not_constant, start);
     an_expr_stack_entry *saved = expr_stack;
     expr_stack = nullptr;
     a_type *type = nullptr;
