@@ -12,8 +12,10 @@ A line that must give a message has, directly under it, a comment for each one:
 The caret, where there is one, stands under the column. Severity, number and a part of the text must
 agree, and no message may come that is not expected. A name that begins with bad_ means that the
 compilation fails with status 2 (or that of a second line "// status: N") and leaves no file; every other case must give a file that ifdump can
-read. OUTPUT_DIR receives the files.
+read. A file NAME.dump beside the case has what ifdump prints of it, without the lines that tell of the
+command. OUTPUT_DIR receives the files.
 """
+import difflib
 import os
 import re
 import subprocess
@@ -82,6 +84,16 @@ def differences(expected, came):
     return problems
 
 
+def dump_differences(ifdump, output, wanted_path):
+    dump = subprocess.run([ifdump, output], capture_output=True, text=True).stdout.split('\n')
+    came = [row for row in dump if not row.startswith(('intermediate file ', 'comment '))]
+    with open(wanted_path) as stream:
+        wanted = stream.read().split('\n')
+    if came == wanted:
+        return []
+    return list(difflib.unified_diff(wanted, came, 'expected', 'came', lineterm='', n=2))[:40]
+
+
 def run_case(qxparse, ifdump, output_dir, path):
     name = os.path.splitext(os.path.basename(path))[0]
     area = os.path.basename(os.path.dirname(path))
@@ -121,6 +133,9 @@ def run_case(qxparse, ifdump, output_dir, path):
         check = subprocess.run([ifdump, '--check', output], capture_output=True, text=True)
         if check.returncode != 0:
             problems.append(check.stderr.strip() or 'ifdump refuses the file')
+        dump = os.path.splitext(path)[0] + '.dump'
+        if os.path.exists(dump):
+            problems += dump_differences(ifdump, output, dump)
     return problems
 
 
