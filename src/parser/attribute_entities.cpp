@@ -1,5 +1,6 @@
 // Attributes that act on routines, variables and other named entities.
 #include <cstring>
+#include <string_view>
 
 #include "driver/switches.h"
 #include "il/il_walk.h"
@@ -228,18 +229,36 @@ char *apply_init_priority(an_attribute *attribute, char *entity, an_il_entry_kin
   return entity;
 }
 
-// format(printf, 1, 2): parameter 1 is the format, the values begin at parameter 2 (0: none).
-char *apply_format(an_attribute *attribute, char *entity, an_il_entry_kind kind) {
+namespace {
+
+// From 1 in the order of the list; 0: no kind of format that is known.
+std::uint32_t format_archetype(const char *name) {
   static const char *const archetypes[] = {"printf", "scanf", "strftime", "strfmon"};
-  const char *name = attribute->args->identifier;
   std::size_t length = std::strlen(name);
   strip_underscores(&name, &length);
-  std::uint32_t archetype = 0;
+  std::string_view wanted(name, length);
+  if (wanted.starts_with("gnu_")) wanted.remove_prefix(4);
   for (std::uint32_t i = 0; i < 4; ++i)
-    if (std::strlen(archetypes[i]) == length && std::memcmp(archetypes[i], name, length) == 0)
-      archetype = i + 1;
+    if (wanted == archetypes[i]) return i + 1;
+  return 0;
+}
+
+bool is_text_parameter(const a_type *routine_type, std::uint32_t number) {
+  const a_param_type *param = param_types_of(routine_type);
+  while (param != nullptr && --number != 0)
+    param = param->next;
+  if (param == nullptr || param->type_is_error) return true;
+  return is_pointer_type(param->type) && is_character_type(type_pointed_to(param->type));
+}
+
+}  // namespace
+
+// format(printf, 1, 2): parameter 1 is the format, the values begin at parameter 2 (0: none).
+// Other compilers have kinds of formats of their own, which do no harm.
+char *apply_format(an_attribute *attribute, char *entity, an_il_entry_kind kind) {
+  std::uint32_t archetype = format_archetype(attribute->args->identifier);
   if (archetype == 0) {
-    report_invalid_argument(attribute, attribute->args);
+    pos_st_warning(ec_invalid_argument_to_attribute, &attribute->args->position, attribute->name);
     return entity;
   }
   const a_type *type = type_of_attributed(entity, kind);
@@ -248,6 +267,10 @@ char *apply_format(an_attribute *attribute, char *entity, an_il_entry_kind kind)
   if (!parameter_argument(attribute, second, type, false, &string_index) ||
       !parameter_argument(attribute, second->next, type, true, &first_arg))
     return entity;
+  if (kind == iek_routine && !is_text_parameter(type, string_index)) {
+    report_invalid_argument(attribute, second);
+    return entity;
+  }
   if (first_arg != 0 && first_arg <= string_index) {
     report_invalid_argument(attribute, second->next);
     return entity;

@@ -399,10 +399,12 @@ bool scan_special_declaration() {
 void scan_simple_declaration(a_decl_parse_state *state, bool in_for_init) {
   state->is_file_scope_declaration = declaring_at_file_scope();
   state->in_for_init = in_for_init;
-  if (at_attribute()) state->prefix_attributes = scan_attributes(al_decl_start);
+  bool has_attributes = at_attribute();
+  if (has_attributes) state->prefix_attributes = scan_attributes(al_decl_start);
   decl_specifiers(specifier_flags(in_for_init), state, nullptr);
   if (curr_token == tok_semicolon) {
-    check_declaration_without_declarator(state);
+    // "__attribute__((fallthrough));" is taken where nothing else stands.
+    if (!has_attributes || !state->no_specifier_seen) check_declaration_without_declarator(state);
     run_end_of_parse_actions(state, false);
     close_declaration(state);
     return;
@@ -485,6 +487,7 @@ void static_assert_declaration() {
     } else {
       error_position = pos_curr_token;
       syntax_error(ec_exp_string_literal);
+      set_error_constant(&value);
     }
   }
   if (value.kind == ck_integer && value.integer_value == 0)

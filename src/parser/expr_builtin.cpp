@@ -349,6 +349,10 @@ void make_va_operation(an_expr_operator_kind op, a_type *type, an_operand *first
 void scan_builtin_va_start(an_operand *result) {
   an_operand list, parameter;
   scan_va_list(&list);
+  const a_routine *routine = innermost_routine();
+  if (list.kind != ok_error &&
+      (routine == nullptr || !skip_typerefs(routine->type)->routine_supplement->has_ellipsis))
+    error_in_operand(ec_va_start_requires_ellipsis_function, &list);
   scan_comma_between();
   scan_expr_at_level(&parameter, level_comma);
   bool is_parameter = parameter.kind == ok_expression && parameter.expr->kind == enk_variable &&
@@ -370,7 +374,13 @@ void scan_builtin_va_arg(an_operand *result) {
       pos_ty_error(ec_incomplete_type_not_allowed, &position, type);
     conv_to_error_operand(&list);
   }
-  make_va_operation(eok_va_arg, type, &list, nullptr, result);
+  // Nothing narrow travels: a value of the promoted type is there.
+  a_type *promoted = default_argument_promotion(type);
+  make_va_operation(eok_va_arg, promoted, &list, nullptr, result);
+  if (promoted == type || result->kind == ok_error) return;
+  expr_pos_ty2_diagnostic(es_warning, ec_va_arg_would_have_been_promoted, &position, type,
+                          promoted);
+  cast_operand(type, result, false);
 }
 
 void scan_builtin_va_copy(an_operand *result) {

@@ -20,11 +20,11 @@
 #include "semantics/types.h"
 #include "source/literals.h"
 
-namespace {
-
 a_routine *innermost_routine() {
   return innermost_function_scope != nullptr ? innermost_function_scope->assoc.routine : nullptr;
 }
+
+namespace {
 
 // The variables behind __func__ and its kin: one for each function, made when it is first named.
 a_routine *routine_of_name_variable;
