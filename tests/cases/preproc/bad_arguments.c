@@ -53,15 +53,10 @@ int c1 = f([1, 2]);
 //       ^
 // expect: error #29 expected an expression
 int c2 = f({1});
+// expect: warning #12 parsing restarts here after previous syntax error
 int c3 = f(/* ) */ 1 // )
 );
-// expect: warning #12 parsing restarts here after previous syntax error
 int c4 = f('a);
 //       ^
 // expect: error #8 missing closing quote
 int c5 = f(1);
-int c6 = f(1;
-//       ^
-// expect: error #276 improperly terminated macro invocation
-int c7 = 2;
-// expect: error #18 expected a ")"
