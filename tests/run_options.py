@@ -13,8 +13,8 @@ The words behind $ are the arguments, read as a shell reads them; = is the exit 
 line is missing. The other lines are the output and the messages: all of them, in order; a line
 "..." stands for any further lines. The last two lines of a refused command line, which are always
 the same, are left out when the status is written "= 4 refused". Files are named as seen from the
-folder of the table; {out} is the output folder, a line "? NAME" a file that must stand there afterwards, and
-"! NAME" one that must not.
+folder of the table; {out} is the output folder, a line "? NAME" a file that must stand there
+afterwards, "! NAME" one that must not, and "< NAME" one whose text comes behind the messages.
 """
 import glob
 import os
@@ -34,12 +34,14 @@ def calls(path):
                 if call:
                     yield call
                 call = {'line': number, 'words': row[1:], 'status': 0, 'refused': False,
-                        'lines': [], 'files': []}
+                        'lines': [], 'files': [], 'read': None}
             elif row.startswith('= '):
                 words = row[2:].split()
                 call['status'], call['refused'] = int(words[0]), 'refused' in words
             elif row[:2] in ('? ', '! '):
                 call['files'].append((row[0] == '?', row[2:].strip()))
+            elif row.startswith('< '):
+                call['read'] = row[2:].strip()
             elif row and not re.match(r'#(?! \d)', row):
                 call['lines'].append(row)
 
@@ -59,6 +61,10 @@ def run_call(qxparse, folder, output_dir, call):
     came = [row.rstrip() for row in text.split('\n') if row.strip()]
     if call['refused'] and came[-1:] == ['Compilation terminated.'] and 'detected in' in came[-2]:
         came = came[:-2]
+    read = call['read'] and call['read'].replace('{out}', output_dir)
+    if read and os.path.exists(read):
+        with open(read, encoding='utf-8', errors='replace') as stream:
+            came += stream.read().rstrip().split('\n')
     problems = []
     if run.returncode != call['status']:
         problems.append(f'status {run.returncode}')

@@ -92,6 +92,7 @@ void fe_wrapup() {
 
   close_output_file_with_error_handling(&f_pp_output, ect_1787);
   if (pp_file_name != nullptr) forget_begun_output(pp_file_name);
+  close_output_file_with_error_handling(&f_xref_info, ect_1789);
   curr_stop_token_stack_entry = nullptr;
   in_front_end = false;
 }

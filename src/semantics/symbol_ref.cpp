@@ -5,7 +5,10 @@
 // them). A use in an operand that is not evaluated counts for the first only.
 #include "semantics/symbol_ref.h"
 
+#include <cstdio>
+
 #include "DIAG/error.h"
+#include "driver/host_envir.h"
 #include "driver/switches.h"
 #include "il/il_entity.h"
 #include "il/il_kinds.h"
@@ -37,6 +40,34 @@ void record_routine_use(unsigned kind, a_symbol *symbol, bool needed) {
 
 }  // namespace
 
+// letter, name, file, line and column, with tabs between. What the tool itself declares has no
+// place and is left out.
+void write_xref_line(char letter, const a_symbol *symbol, const a_source_position *position) {
+  if (symbol->header == nullptr || position == nullptr || position->seq == 0) return;
+  const char *name, *full_name;
+  a_line_number line;
+  bool at_end;
+  conv_seq_to_file_and_line(position->seq, &name, &full_name, &line, &at_end);
+  std::fprintf(f_xref_info, "%c\t%s\t%s\t%lu\t%u\n", letter, symbol->header->name, name,
+               static_cast<unsigned long>(line), static_cast<unsigned>(position->column));
+}
+
+// One line for each thing that the use does.
+static void write_xref_of_use(unsigned kind, const a_symbol *symbol,
+                              const a_source_position *position) {
+  static const struct {
+    unsigned kinds;
+    char letter;
+  } rows[] = {{ref_call, 'C'}, {ref_address, 'A'}, {ref_modify, 'M'}};
+  bool written = false;
+  for (const auto &row : rows) {
+    if ((kind & row.kinds) == 0) continue;
+    write_xref_line(row.letter, symbol, position);
+    written = true;
+  }
+  if (!written || (kind & ref_read) != 0) write_xref_line('R', symbol, position);
+}
+
 void mark_routine_referenced(a_routine *routine) {
   routine->referenced = true;
 }
@@ -51,6 +82,8 @@ void record_symbol_reference_full(unsigned kind, a_symbol *symbol,
                                   a_source_correspondence *entity) {
   symbol = fundamental_symbol_of(symbol);
   if (symbol->is_error_symbol) return;
+  if (f_xref_info != nullptr) [[unlikely]]
+    write_xref_of_use(kind, symbol, position);
   // An assignment alone is no use: "x = 1;" leaves x set and not used.
   if (kind != ref_modify) symbol->referenced = true;
   if ((kind & ref_unevaluated) != 0) needed = false;
@@ -71,8 +104,12 @@ void record_symbol_reference(unsigned kind, a_symbol *symbol, const a_source_pos
   record_symbol_reference_full(kind, symbol, position, needed, nullptr);
 }
 
-void record_symbol_declaration(a_declaration_kind kind, a_symbol *symbol, const a_source_position *,
-                               a_source_correspondence *) {
+// The first declaration was told when the symbol was entered.
+void record_symbol_declaration(a_declaration_kind kind, a_symbol *symbol,
+                               const a_source_position *position, a_source_correspondence *) {
+  if (f_xref_info != nullptr && symbol != nullptr && position != nullptr &&
+      compare_source_positions(*position, symbol->decl_position) != 0)
+    write_xref_line('D', symbol, position);
   if (kind == dk_definition && symbol != nullptr) symbol->defined = true;
 }
 

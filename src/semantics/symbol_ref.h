@@ -32,6 +32,10 @@ enum a_declaration_kind : std::uint8_t { dk_declaration, dk_definition };
 void record_symbol_declaration(a_declaration_kind kind, a_symbol *symbol,
                                const a_source_position *position, a_source_correspondence *entity);
 
+// A line of the cross-reference file, which is open: D a declaration, R a value is read, M it is
+// modified, A an address is taken, C a call.
+void write_xref_line(char letter, const a_symbol *symbol, const a_source_position *position);
+
 void mark_variable_value_set(a_symbol *symbol);
 void mark_routine_referenced(a_routine *routine);
 

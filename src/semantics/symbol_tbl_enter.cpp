@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "DIAG/error.h"
+#include "driver/host_envir.h"
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
 #include "il/il_alloc.h"
@@ -13,6 +14,7 @@
 #include "il/il_type.h"
 #include "semantics/lookup.h"
 #include "semantics/scope_stk.h"
+#include "semantics/symbol_ref.h"
 #include "semantics/symbol_tbl.h"
 #include "semantics/sys_predef.h"
 
@@ -93,6 +95,8 @@ a_symbol *enter_symbol(a_symbol_kind kind, a_symbol_locator *locator, int depth,
   a_symbol *symbol = make_symbol(kind, locator);
   reenter_symbol(symbol, depth, flags);
   locator->symbol = symbol;
+  if (f_xref_info != nullptr && kind != syk_undefined) [[unlikely]]
+    write_xref_line('D', symbol, &symbol->decl_position);
   return symbol;
 }
 
