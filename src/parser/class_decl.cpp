@@ -323,12 +323,13 @@ void scan_member_declaration(a_class_scan &scan) {
   } else if (!state.tag_declared && !state.has_error) {
     pos_diagnostic(strict_ansi_mode ? strict_ansi_error_severity : es_warning, ec_useless_decl,
                    &state.specifiers_pos);
+    scan.any_named_field = true;  // one message is enough
   }
   discard_end_of_parse_actions(&state);
   remove_stop_token(tok_semicolon);
   // struct s { int a }   many compilers let the last ";" be absent
   if (curr_token == tok_rbrace)
-    pos_error(ec_exp_semicolon, &pos_curr_token);
+    pos_diagnostic(gcc_mode ? es_warning : es_error, ec_exp_semicolon, &pos_curr_token);
   else
     required_token(tok_semicolon, ec_exp_semicolon);
 }
@@ -396,6 +397,10 @@ void finish_class_definition(a_type *class_type, bool) {
       pos_diagnostic(strict_ansi_discretionary_severity, ec_flexible_array_is_nonstandard,
                      &last->decl_position);
     }
+    // C11 6.7.2.1p18: something with a name stands in front of it; a union has no end.
+    bool is_alone = last == class_type->fields || class_type->kind == tk_union;
+    if (is_alone && !in_cplusplus())
+      pos_error(ec_flexible_array_member_not_allowed, &last->decl_position);
     class_type->class_flags.has_flexible_array_member = true;
     last->is_flexible_array = true;
   }

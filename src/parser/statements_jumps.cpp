@@ -236,6 +236,7 @@ void check_implicit_return(bool at_end_of_function, bool is_user_body,
   a_type *type = return_type_of(routine);
   if (is_void_type(type) || is_error_type(type) || skip_typerefs(type)->kind == tk_template_param)
     return;
+  if (is_incomplete_type(type)) return;  // told where the function begins
   if (at_end_of_function) routine->missing_return_possible = end_reachable;
   an_error_severity severity;
   if (is_main_that_returns_a_status(routine, type))

@@ -95,8 +95,7 @@ void change_address(a_type_change &change, const a_constant *from, a_constant *t
   to->explicit_cast = change.options->is_explicit;
   std::uint64_t size = skip_typerefs(to->type)->size;
   if (size >= static_cast<std::uint64_t>(targ_sizeof_pointer)) return;
-  // The low bits of an address are known to the linker at best.
-  change.fold.note(ec_integer_truncated, es_warning);
+  // The low bits of an address are known to the linker at best. The cast was warned about.
   change.fold.not_constant = true;
 }
 
