@@ -50,7 +50,9 @@ bool is_right_associative(int level) {
 class a_depth_count {
  public:
   a_depth_count() {
-    if (++expr_depth > max_expr_depth) catastrophe(ec_program_too_large);
+    if (++expr_depth <= max_expr_depth) return;
+    error_position = pos_curr_token;
+    catastrophe(ec_program_too_large);
   }
   ~a_depth_count() { expr_depth--; }
 };

@@ -52,7 +52,9 @@ void grow_struct_stmt_stack() {
 
 struct a_depth_guard {
   a_depth_guard() {
-    if (++statement_depth > max_statement_depth) catastrophe(ec_program_too_large);
+    if (++statement_depth <= max_statement_depth) return;
+    error_position = pos_curr_token;
+    catastrophe(ec_program_too_large);
   }
   ~a_depth_guard() { --statement_depth; }
 };

@@ -210,15 +210,19 @@ static void store_line_end(char *out) {
   end_of_curr_source_line = out;
 }
 
-static void report_incomplete_last_line(char *out, bool behind_backslash) {
+static void report_incomplete_last_line(char *out) {
   a_source_position pos;
   conv_line_loc_to_source_pos(out, &pos);
-  if (behind_backslash)
-    pos_diagnostic(gnu_mode ? es_warning : es_error, ec_last_line_backslash, &pos);
-  else
-    pos_diagnostic(
-        strict_ansi_mode ? static_cast<an_error_severity>(strict_ansi_error_severity) : es_warning,
-        ec_last_line_incomplete, &pos);
+  pos_diagnostic(
+      strict_ansi_mode ? static_cast<an_error_severity>(strict_ansi_error_severity) : es_warning,
+      ec_last_line_incomplete, &pos);
+}
+
+// The splice leads to a line that does not exist: its place is told from that of the physical line.
+static void report_backslash_at_end(const char *line_start, const char *backslash) {
+  a_source_position pos = make_source_position(
+      seq_number_last_read, static_cast<std::uint32_t>(backslash - line_start) + 1);
+  pos_diagnostic(gnu_mode ? es_warning : es_error, ec_last_line_backslash, &pos);
 }
 
 // Copies physical lines, joined by splices, to out; at least one stands in the file.
@@ -244,7 +248,10 @@ static void copy_logical_line(char *out) {
       if (non_ascii) source_columns_need_computation = true;
       bool spliced = is_line_spliced(line_start, &out);
       store_line_end(out);
-      report_incomplete_last_line(out, spliced);
+      if (spliced)
+        report_backslash_at_end(line_start, out);
+      else
+        report_incomplete_last_line(out);
       return;
     }
     ++p;
@@ -252,7 +259,7 @@ static void copy_logical_line(char *out) {
     curr_file_pos = p;
     if (p == curr_file_end) {
       store_line_end(out);
-      report_incomplete_last_line(out, true);
+      report_backslash_at_end(line_start, out);
       return;
     }
     line_start = out;

@@ -181,11 +181,14 @@ bool never_joins(char c) {
   }
 }
 
-// What goes between the left neighbour and a parameter, or a text that starts with c.
+// What goes between the left neighbour and a parameter, or a text that starts with c. In old
+// preprocessing two tokens with only a comment between them join.
 void put_gap(a_list_scan *scan, bool before_param, char c) {
   if (scan->left == ln_nothing || scan->left == ln_paste) return;
   if (scan->after_blank) {
     put_text(" ", 1);
+  } else if (pcc_preprocessing_mode) {
+    return;
   } else if (scan->left == ln_param) {
     if (before_param || !never_joins(c)) put_separator();
   } else if (before_param && !never_joins(chunks.text[chunks.length - 1])) {

@@ -348,18 +348,26 @@ static bool expand_magic(a_symbol *macro_symbol, const a_macro_def *def, const c
   return true;
 }
 
+// Behind the first report nothing more is expanded in the invocation that stands in the source.
 static bool may_be_expanded_here(a_symbol *macro_symbol, const char *name, bool *inert) {
+  static bool recursion_was_reported;
+  if (curr_text_modif == nullptr && num_macro_invocations_in_process == 0)
+    recursion_was_reported = false;
+  bool too_deep;
   if (pcc_preprocessing_mode) {
-    if (!exceeds_pcc_recursion(macro_symbol)) return true;
+    too_deep = exceeds_pcc_recursion(macro_symbol);
   } else {
     *inert = curr_text_modif != nullptr && is_in_own_expansion(macro_symbol);
     if (*inert) return false;
-    if (num_macro_invocations_in_process < max_macro_depth) return true;
+    too_deep = num_macro_invocations_in_process >= max_macro_depth;
   }
-  a_source_position pos;
-  source_position_at(name, &pos);
-  pos_error(ec_macro_recursion, &pos);
-  *inert = true;
+  if (!too_deep && !recursion_was_reported) return true;
+  if (!recursion_was_reported) {
+    a_source_position pos;
+    source_position_at(name, &pos);
+    pos_error(ec_macro_recursion, &pos);
+  }
+  recursion_was_reported = *inert = true;
   return false;
 }
 

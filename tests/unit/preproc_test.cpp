@@ -67,13 +67,28 @@ class Preproc : public ::testing::Test {
     return result;
   }
 
-  // The numbers of the messages so far, each in front of a blank.
-  std::string messages() {
+  static std::string text_of_messages() {
     std::string text;
     std::rewind(f_error);
     for (int c; (c = std::fgetc(f_error)) != EOF;)
       text += static_cast<char>(c);
-    std::string numbers;
+    return text;
+  }
+
+  // The lines of the messages so far, each in front of a blank.
+  static std::string lines() {
+    std::string text = text_of_messages(), result;
+    for (std::size_t i = text.find(", line "); i != std::string::npos;
+         i = text.find(", line ", i)) {
+      i += 7;
+      result += text.substr(i, text.find(':', i) - i) + " ";
+    }
+    return result;
+  }
+
+  // The numbers of the messages so far, each in front of a blank.
+  static std::string messages() {
+    std::string text = text_of_messages(), numbers;
     for (std::size_t i = text.find('#'); i != std::string::npos; i = text.find('#', i + 1)) {
       std::size_t end = text.find_first_not_of("0123456789", i + 1);
       if (end == std::string::npos || end == i + 1) continue;
@@ -298,6 +313,87 @@ TEST_F(Preproc, DeepIncludesGoOnWhereTheyWere) {
          "d" + std::to_string(i) + ".h");
   std::string result = tokens("#define H26 <" + directory + "/d38.h>\n#include H26\nend\n");
   EXPECT_EQ(result, "a38 a39 b b end");
+}
+
+// ---- Bytes of files
+// ------------------------------------------------------------------------------
+
+TEST_F(Preproc, AFileMayEndAnywhere) {
+  EXPECT_EQ(tokens("a\nb \\"), "a b");
+  EXPECT_EQ(tokens("a \\\nb \\\n"), "a b");
+  EXPECT_EQ(tokens("\n\\"), "");
+  EXPECT_EQ(tokens("\na /* open\n\n"), "a");
+  EXPECT_EQ(tokens("#define e30"), "");
+  EXPECT_EQ(tokens("e30\n#if 1\na // open"), "a");
+  EXPECT_EQ(messages(), "2 2 2 6 1 1 38 ");
+  EXPECT_EQ(lines(), "2 2 2 2 1 3 2 ");
+  EXPECT_EQ(tokens(""), "");
+  EXPECT_EQ(tokens("\xEF\xBB\xBF"), "");
+  EXPECT_EQ(tokens("\xFF\xFE"), "");
+  EXPECT_EQ(tokens("\xEF\xBB\xBF#define e31 x\ne31\n"), "x");
+}
+
+TEST_F(Preproc, BytesThatAreNoText) {
+  null_chars_allowed_in_source = true;
+  std::string null(1, '\0');
+  EXPECT_EQ(tokens("a" + null + "b \"x" + null + "\" // " + null + "\n/* " + null + " */ c\n"),
+            "a b \"x" + null + "\x06\" c");
+  null_chars_allowed_in_source = false;
+  EXPECT_EQ(tokens("a\fb\vc\rd\n \f # \v define e32 \t 1\ne32\n"), "a b c d 1");
+  // What is only copied is not judged.
+  EXPECT_EQ(tokens("\"\xFF\" 'it\n#if 0\n\xC3\x28 it's\n#endif\n// \xFE\n"), "\"\xFF\" ' it");
+}
+
+// ---- Depth
+// ---------------------------------------------------------------------------------------
+
+std::string repeated(const char *text, int count) {
+  std::string result;
+  for (int i = 0; i < count; ++i)
+    result += text;
+  return result;
+}
+
+TEST_F(Preproc, DepthIsBoundedByOneMessage) {
+  EXPECT_EQ(
+      tokens("#define d33(x) x\n" + repeated("d33(", 1500) + "1" + repeated(")", 1500) + "\n"),
+      "1");
+  EXPECT_EQ(tokens(repeated("#if 1\n", 5000) + "a\n" + repeated("#endif\n", 5000)), "a");
+  EXPECT_EQ(tokens(repeated("#if 0\n", 5000) + "a\n" + repeated("#endif\n", 5000)), "");
+  EXPECT_EQ(messages(), "");
+  tokens(repeated("d33(", 3000) + "1" + repeated(")", 3000) + "\n");
+  EXPECT_EQ(messages(), "229 ");
+  tokens("#if " + repeated("(", 20000) + "1" + repeated(")", 20000) + "\n#endif\n");
+  tokens("#if " + repeated("- ", 20000) + "1\n#endif\n");
+  EXPECT_EQ(messages(), "229 144 144 ");
+}
+
+TEST_F(Preproc, OldRecursionComesToAnEnd) {
+  pcc_preprocessing_mode = true;
+  tokens("#define o34(a) o34(a a)\no34(1)\n");
+  tokens("#define o35(a) o35(a) o35(a)\no35(1)\n");
+  EXPECT_EQ(messages(), "229 229 ");
+  EXPECT_EQ(tokens("#define o36(a) \"a is a\" o/**/a\no36(x)\n"), "\"x is x\" ox");
+  pcc_preprocessing_mode = false;
+}
+
+// ---- Pastes
+// --------------------------------------------------------------------------------------
+
+TEST_F(Preproc, APasteMakesOneToken) {
+  check_concatenations = true;
+  EXPECT_EQ(
+      tokens("#define c37(a, b) a ## b\n"
+             "#define c38(a, b, c) a ## b ## c\n"
+             "#define a37 done\n"
+             "c37(a, 37), c37(x, 1)(2) c37(0x, 1) c37(1, u) c38(1e, +, 5) c37(<, <=) c37(L, 'a') "
+             "c37(-, >) c37(, a) c37(a, ) c37(,) c37(a 1, 2 b) c38(a, , 37) c37(., 5)\n"),
+      "done , x1 ( 2 ) 0x1 1u 1e+5 <<= L'a' -> a a a 12 b done .5");
+  EXPECT_EQ(messages(), "");
+  EXPECT_EQ(tokens("c37(+, 1) c37(a, 1.5) c38(+, +, +) c37(x, ()) c37(\"a\", \"b\") c37(1, +=)\n"),
+            "+ 1 a1 .5 ++ + x ( ) \"a\" \"b\" 1 +=");
+  EXPECT_EQ(messages(), "1934 1934 1934 1934 1934 1934 ");
+  check_concatenations = false;
 }
 
 }  // namespace
