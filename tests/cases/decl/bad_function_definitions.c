@@ -21,8 +21,6 @@ fn g { return 1; }
 struct open m(void) { }
 //          ^
 // expect: error #1626 incomplete type "struct open" is not allowed as the return type of a function definition
-//                    ^
-// expect: warning #994 missing return statement at end of non-void function "m"
 void n(struct open x) { }
 //                 ^
 // expect: error #71 incomplete type is not allowed

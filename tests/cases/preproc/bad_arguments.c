@@ -48,7 +48,6 @@ int b8 = f("a)" ")"[0]);
 // expect: error #28 expression must have a constant value
 int b9 = f(')');
 int c2 = f({1});
-// expect: warning #12 parsing restarts here after previous syntax error
 int c3 = f(/* ) */ 1 // )
 );
 int c4 = f('a);

@@ -19,6 +19,8 @@ struct x { int : 0; int z : 0; };
 //                          ^
 // expect: error #108 a zero-length bit field must be unnamed
 struct y { int a[]; };
+//             ^
+// expect: error #1083 type containing an unknown-size array is not allowed
 struct y2 { int a[]; int b; };
 //              ^
 // expect: error #71 incomplete type is not allowed
@@ -102,7 +104,7 @@ union open2 uv;
 // expect: error #71 incomplete type is not allowed
 struct s2 { int a } ;
 //                ^
-// expect: error #66 expected a ";"
+// expect: warning #66 expected a ";"
 struct e5 { int a; } e5(int);
 extern struct open ev;
 int sz = sizeof(struct open);
