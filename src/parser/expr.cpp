@@ -391,7 +391,10 @@ a_type *scan_typeof() {
   a_full_expression context(ek_unevaluated);
   an_operand operand;
   add_stop_token(tok_rparen);
-  required_token(tok_lparen, ec_exp_lparen);
+  if (!required_token(tok_lparen, ec_exp_lparen)) {
+    remove_stop_token(tok_rparen);
+    return error_type();
+  }
   a_type *type = scan_type_or_unevaluated_operand(&operand);
   if (type == nullptr) {
     do_operand_transformations(&operand, dot_keep_array | dot_keep_function | dot_keep_lvalue);

@@ -369,7 +369,10 @@ void scan_builtin_va_arg(an_operand *result) {
   a_source_position position = pos_curr_token;
   a_type *type = make_unqualified_type(scan_type_argument());
   if (is_error_type(type)) conv_to_error_operand(&list);
-  if (list.kind != ok_error && is_incomplete_type(type)) {
+  if (list.kind != ok_error && is_function_type(type)) {
+    expr_pos_error(ec_type_must_be_object_type, &position);
+    conv_to_error_operand(&list);
+  } else if (list.kind != ok_error && is_incomplete_type(type)) {
     if (expr_error_should_be_issued())
       pos_ty_error(ec_incomplete_type_not_allowed, &position, type);
     conv_to_error_operand(&list);

@@ -259,6 +259,7 @@ void scan_sizeof(an_operand *result) {
 
 void scan_alignof(an_operand *result) {
   a_source_position start = pos_curr_token;
+  bool is_standard = curr_token == tok_alignof;
   get_token();
   an_expr_stack_entry entry;
   push_expr_stack(ek_unevaluated, &entry);
@@ -267,6 +268,8 @@ void scan_alignof(an_operand *result) {
   a_type *type = scan_size_operand(&operand);
   std::uint64_t alignment = 0;
   if (type == nullptr) {
+    if (is_standard && strict_ansi_mode && operand.kind != ok_error)
+      expr_pos_diagnostic(strict_ansi_error_severity, ec_std_alignof_with_expr_arg, &position);
     do_operand_transformations(&operand, dot_keep_array | dot_keep_function | dot_keep_lvalue);
     type = operand.type;
     if (operand.kind == ok_expression && operand.expr->kind == enk_variable)

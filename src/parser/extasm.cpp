@@ -111,7 +111,11 @@ void scan_asm_qualifiers(an_asm_entry *entry) {
 a_constant *scan_asm_string(bool in_function) {
   a_constant *text = alloc_constant(ck_error);
   add_stop_token(tok_rparen);
-  required_token(tok_lparen, ec_exp_lparen);
+  if (!required_token(tok_lparen, ec_exp_lparen)) {
+    if (curr_token == tok_rparen) get_token();
+    remove_stop_token(tok_rparen);
+    return text;
+  }
   if (curr_token != tok_string_literal) {
     required_token_no_advance(tok_string_literal, ec_exp_asm_string);
   } else if (const_for_curr_token.string_char_kind != chk_char) {

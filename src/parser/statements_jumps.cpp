@@ -110,7 +110,8 @@ void scan_goto_statement() {
     return;
   }
   if (curr_token != tok_identifier) {
-    required_token_no_advance(tok_identifier, ec_exp_identifier);
+    pos_syntax_error(ec_exp_identifier, &pos_curr_token);
+    flush_tokens_without_warning();
     if (curr_token == tok_semicolon) get_token();
     remove_stop_token(tok_semicolon);
     return;

@@ -224,8 +224,10 @@ void scan_for_init(a_statement *for_statement) {
     return;
   }
   bool is_declaration = in_cplusplus() ? is_decl_not_expr(dam_statement | dam_for_init)
-                                       : std_version >= 199901 && is_decl_start(dst_statement);
+                                       : is_decl_start(dst_statement);
   if (is_declaration) {
+    if (!in_cplusplus() && std_version < 199901)
+      pos_error(ec_type_identifier_not_allowed, &pos_curr_token);
     a_statement *block = alloc_statement(stmk_block);
     block->position = pos_curr_token;
     block->parent = for_statement;
