@@ -34,7 +34,11 @@ int var(int n, ...) {
 //                         ^
 // expect: error #71 incomplete type is not allowed
   i = __builtin_va_arg(ap, char);
+//                         ^
+// expect: warning #1221 a value of type "char" arrives as "int" among variable arguments
   i = __builtin_va_arg(ap, float);
+//                         ^
+// expect: warning #1221 a value of type "float" arrives as "double" among variable arguments
   i = __builtin_va_arg(ap, int[3]);
 //    ^
 // expect: warning #515 a value of type "int *" cannot be assigned to an entity of type "int"
@@ -76,7 +80,7 @@ int fixed(int n) {
   va_list ap;
   __builtin_va_start(ap, n);
 //                   ^
-// expect: error #1239 "va_start" needs a function with an ellipsis
+// expect: error #1239 va_start is only allowed in a function with an ellipsis
   return n;
 }
 void calls(int n) {
