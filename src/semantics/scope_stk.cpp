@@ -285,6 +285,9 @@ void pop_scope_full(unsigned flags) {
   if (entry.il_scope != nullptr) entry.il_scope->stack_depth = -1;
   restore_globals(entry);
   --depth_scope_stack;
+  // Nobody will read the body of a function of C when no code is wanted.
+  if (entry.kind == sck_function && suppress_back_end && !in_cplusplus())
+    clear_function_body(entry.il_scope);
 }
 
 }  // namespace
