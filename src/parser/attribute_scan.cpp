@@ -400,6 +400,9 @@ void scan_gnu_group(a_group_scan &scan) {
   if (required_token(tok_lparen, ec_exp_lparen)) {
     scan_attribute_list(scan, tok_rparen);
     required_token(tok_rparen, ec_exp_rparen);
+  } else {
+    // __attribute__(x)   the message about the second "(" is enough
+    flush_to_closing_paren();
   }
   remove_stop_token(tok_rparen);
   note_group_end(scan);

@@ -274,7 +274,7 @@ void scan_member_declarator(a_class_scan &scan, a_decl_parse_state &state) {
   if (member.locator.header == nullptr && !member.is_bit_field) state.declared_type = error_type();
   declare_field(scan, member);
   run_end_of_parse_actions(&state, true);
-  if (curr_token == tok_assign) {
+  if (curr_token == tok_assign && in_cplusplus()) {
     pos_st_error(ec_not_supported, &pos_curr_token, "an initializer of a member is");
     a_stop_token_count stops[tok_last] = {};
     stops[tok_comma] = stops[tok_semicolon] = stops[tok_rbrace] = 1;

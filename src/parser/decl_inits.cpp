@@ -80,7 +80,8 @@ a_constant *scan_unbraced_array(an_init_walk &walk, a_type **type) {
     int severity = (strict_ansi_mode || gcc_mode) ? strict_ansi_error_severity : es_warning;
     if (gcc_mode) severity = es_error;
     if (!in_pcc_mode()) pos_diagnostic(severity, ec_missing_initializer_list, &position);
-    if (severity >= es_error) walk.error = true;
+    // The values that follow would only be told to fit as badly as the whole.
+    if (severity >= es_error && !in_pcc_mode()) return convert_pending(walk, error_type());
   }
   return scan_aggregate(walk, type, bform_elided);
 }

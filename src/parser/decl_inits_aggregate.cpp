@@ -123,11 +123,11 @@ void append_value(an_aggregate_walk &list, a_constant *value) {
 
 // Behind the designators of a value: "=", or nothing in the old forms "[1] x" and "a: x".
 // A further designator belongs to the subobject.
-a_brace_form scan_designator_end(bool old_form) {
+a_brace_form scan_designator_end(bool may_lack_assign) {
   if (curr_token == tok_period || curr_token == tok_lbracket) return bform_designated;
   if (curr_token == tok_assign) {
     get_token();
-  } else if (!old_form && !extended_designators_allowed) {
+  } else if (!may_lack_assign) {
     error_position = pos_curr_token;
     pos_error(ec_exp_assign, &pos_curr_token);
   }
@@ -236,7 +236,7 @@ void scan_array_element(an_array_walk &array) {
       array.index = before;
     }
     append_index_designator(array.list, array.index);
-    form = scan_designator_end(false);
+    form = scan_designator_end(extended_designators_allowed);
   } else if (array.has_limit && array.index >= array.limit) {
     skip_excess_elements(array.list);
     return;

@@ -104,6 +104,7 @@ void enter_enumerator(an_enum_scan &scan, a_symbol_locator *locator, an_attribut
   locator->symbol = nullptr;
   a_symbol *previous = scope_depth_id_lookup(locator, scan.depth, 0);
   if (previous != nullptr) {
+    // enum { a = b, b };   the message about the use of b is enough
     if (!previous->is_error_symbol)
       pos_st_error(ec_id_already_declared, &locator->position, locator->header->name);
     return;

@@ -143,8 +143,11 @@ void check_prototype_has_type(const a_decl_parse_state &state) {
 
 void enter_prototype_parameter(a_param_decl *decl, a_symbol_locator *locator) {
   if (decl->header == nullptr) return;
-  if (curr_scope_id_lookup(locator, 0) != nullptr) {
-    pos_st_error(ec_dupl_param_name, &decl->position, decl->header->name);
+  const a_symbol *previous = curr_scope_id_lookup(locator, 0);
+  if (previous != nullptr) {
+    // int f(int a[n], int n);   the message about the use of n is enough
+    if (!previous->is_error_symbol)
+      pos_st_error(ec_dupl_param_name, &decl->position, decl->header->name);
     decl->header = nullptr;
     return;
   }

@@ -318,14 +318,21 @@ bool scan_declarator_list(a_decl_parse_state *state) {
 void check_declaration_without_declarator(a_decl_parse_state *state) {
   const a_source_position *position = &state->specifiers_pos;
   if (state->has_error) return;
+  // __attribute__((fallthrough));   a statement of attributes alone
+  if (state->no_specifiers && !declaring_at_file_scope()) return;
   if (is_typedef_declaration(state)) {
     pos_diagnostic(strict_ansi_mode ? strict_ansi_error_severity : es_warning,
                    ec_missing_typedef_name, position);
     return;
   }
-  if (!state->tag_declared ||
-      (!state->tag_defined &&
-       (state->type->symbol == nullptr || is_unnamed_tag_symbol(state->type->symbol)))) {
+  if (state->noreturn_seen) {
+    pos_error(ec_bad_c11_noreturn, &state->noreturn_pos);
+    return;
+  }
+  const a_symbol *tag = skip_typerefs(state->type)->symbol;
+  bool is_unnamed = tag == nullptr || is_unnamed_tag_symbol(tag);
+  bool names_nothing = is_unnamed && (!state->tag_defined || !is_enum_type(state->type));
+  if (!state->tag_declared || names_nothing) {
     pos_diagnostic(strict_ansi_mode ? strict_ansi_error_severity : es_warning, ec_useless_decl,
                    position);
     return;

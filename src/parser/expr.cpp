@@ -399,6 +399,10 @@ a_type *scan_typeof() {
   if (type == nullptr) {
     do_operand_transformations(&operand, dot_keep_array | dot_keep_function | dot_keep_lvalue);
     type = operand.type;
+    if (bit_field_of_operand(&operand) != nullptr && operand.value_category == vc_glvalue) {
+      expr_pos_error(ec_sizeof_bit_field, &operand.start_pos);
+      type = error_type();
+    }
   }
   required_token(tok_rparen, ec_exp_rparen);
   remove_stop_token(tok_rparen);

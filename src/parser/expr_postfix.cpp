@@ -3,6 +3,7 @@
 #include "il/il.h"
 #include "parser/expr_internal.h"
 #include "semantics/lookup.h"
+#include "semantics/symbol_ref.h"
 #include "semantics/types.h"
 
 // a[i]
@@ -116,6 +117,8 @@ void scan_member_name(an_operand *object, bool by_pointer, an_operand *result) {
   a_source_position position = pos_curr_token;
   a_symbol *symbol = class_type != nullptr ? field_lookup(&locator, class_type) : nullptr;
   get_token();
+  if (symbol != nullptr && symbol->variant.field->is_deprecated && expr_error_should_be_issued())
+    check_use_of_deprecated_entity(symbol->variant.field, &position);
   if (class_type != nullptr && symbol == nullptr) {
     expr_pos_st_error(ec_not_a_field, &position, locator.header->name);
     conv_to_error_operand(object);
