@@ -318,8 +318,6 @@ bool scan_declarator_list(a_decl_parse_state *state) {
 void check_declaration_without_declarator(a_decl_parse_state *state) {
   const a_source_position *position = &state->specifiers_pos;
   if (state->has_error) return;
-  // __attribute__((fallthrough));   a statement of attributes alone
-  if (state->no_specifiers && !declaring_at_file_scope()) return;
   if (is_typedef_declaration(state)) {
     pos_diagnostic(strict_ansi_mode ? strict_ansi_error_severity : es_warning,
                    ec_missing_typedef_name, position);

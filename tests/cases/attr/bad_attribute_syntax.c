@@ -65,8 +65,6 @@ void g3(void) { }
 int g4(a) __attribute__((unused)) int a; { return 0; }
 int g5(__attribute__((unused)) int a, int b __attribute__((unused))) { return 0; }
 __attribute__((unused));
-//                     ^
-// expect: warning #65 declaration does not declare anything
 __attribute__((unused)) struct h1 { int x; };
 struct h1 __attribute__((packed));
 void block(int x) {

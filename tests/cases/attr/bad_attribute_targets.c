@@ -61,6 +61,8 @@ static void c3(void) A(weak);
 // expect: error #1681 attribute "weak" requires external linkage
 void c4(void) A(weak);
 int c5(int x) A(format(printf, 1, 2));
+//            ^
+// expect: error #1175 invalid argument to attribute "format"
 int c6(const char *f, ...) A(format(printf, 1, 2));
 int c7(const char *f, ...) A(format(printf, 3, 2));
 //                         ^
@@ -70,7 +72,7 @@ int c8(const char *f, ...) A(format(printf, 1));
 // expect: error #255 expected a ","
 int c9(const char *f, ...) A(format(unknown, 1, 2));
 //                         ^
-// expect: error #1175 invalid argument to attribute "format"
+// expect: warning #1175 invalid argument to attribute "format"
 int d1 A(format(printf, 1, 2));
 int d2 A(aligned(8)), d3 A(aligned), d4 A(aligned(sizeof(int) * 4));
 int d5 A(aligned(3));

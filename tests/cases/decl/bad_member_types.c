@@ -70,7 +70,7 @@ struct d1 { static int a; };
 // expect: error #81 a storage class may not be specified here
 struct d2 { int a = 3; };
 //                ^
-// expect: error #1489 an initializer of a member is not supported
+// expect: error #66 expected a ";"
 struct d3 { typedef int a; };
 //          ^
 // expect: error #989 "typedef" may not be specified here

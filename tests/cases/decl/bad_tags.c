@@ -88,6 +88,8 @@ struct a0 { int x[]; int y; };
 //              ^
 // expect: error #71 incomplete type is not allowed
 struct b0 { int x[]; };
+//              ^
+// expect: error #1083 type containing an unknown-size array is not allowed
 struct c0 { int n; int x[]; };
 struct c0 cs[2];
 //          ^
@@ -95,6 +97,8 @@ struct c0 cs[2];
 struct d0 { struct c0 inner; };
 struct e0 { struct c0 inner; int after; };
 union f0 { int a; int x[]; };
+//                    ^
+// expect: error #1083 type containing an unknown-size array is not allowed
 struct g0 { int x[][]; };
 //               ^
 // expect: error #99 an array may not have elements of this type
