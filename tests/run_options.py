@@ -9,7 +9,7 @@ A table holds calls, with blank lines and comments (# and no number) between the
     Command-line error: language modes specified are incompatible
     1 catastrophic error detected in this compilation.
     Compilation terminated.
-The words behind $ are the arguments, read as a shell reads them; = is the exit status, 0 where the
+A line "always: --strict" gives words that stand in front of those of each call behind it. The words behind $ are the arguments, read as a shell reads them; = is the exit status, 0 where the
 line is missing. The other lines are the output and the messages: all of them, in order; a line
 "..." stands for any further lines. The last two lines of a refused command line, which are always
 the same, are left out when the status is written "= 4 refused". Files are named as seen from the
@@ -27,14 +27,16 @@ import sys
 
 def calls(path):
     """The calls of a table: line number, arguments, status, refused, output lines, file tests."""
-    call = None
+    call, always = None, ''
     with open(path, encoding='utf-8') as stream:
         for number, row in enumerate(stream.read().split('\n') + ['$'], 1):
             if row.startswith('$'):
                 if call:
                     yield call
-                call = {'line': number, 'words': row[1:], 'status': 0, 'refused': False,
+                call = {'line': number, 'words': always + row[1:], 'status': 0, 'refused': False,
                         'lines': [], 'files': [], 'read': None}
+            elif row.startswith('always: '):
+                always = row[8:]
             elif row.startswith('= '):
                 words = row[2:].split()
                 call['status'], call['refused'] = int(words[0]), 'refused' in words
