@@ -84,6 +84,7 @@ bool is_in_preprocessing_mode() {
 static int tokens_to_consequence;
 
 void expect_syntax_error_after(int tokens) {
+  if (tokens_to_consequence == 1) forgive_syntax_error_at(&pos_curr_token);  // this one was awaited
   tokens_to_consequence = tokens + 1;
 }
 

@@ -209,6 +209,29 @@ TEST_F(Messages, WarningsCanCountAsErrors) {
   EXPECT_TRUE(is_effective_error(ec_bad_token, es_warning, &pos));
 }
 
+TEST_F(Messages, ASyntaxErrorBringsNoOtherAtItsPlace) {
+  const a_source_position pos = at(1, 4), same = at(1, 4), next = at(1, 5);
+  error_position = pos;
+  syntax_error(ec_exp_semicolon);
+  EXPECT_NE(output(), "");
+  pos_syntax_error(ec_exp_rparen, &same);
+  EXPECT_EQ(output(), "");
+  pos_error(ec_exp_rparen, &same);  // another mistake
+  EXPECT_NE(output(), "");
+  pos_syntax_error(ec_exp_rparen, &next);
+  pos_syntax_error(ec_exp_rparen, &pos);
+  EXPECT_EQ(output(),
+            "\"file.c\", line 1: error #18: expected a \")\"\n"
+            "\"file.c\", line 1: error #18: expected a \")\"\n");
+  forgive_syntax_error_at(&next);
+  pos_syntax_error(ec_exp_rparen, &next);
+  EXPECT_EQ(output(), "");
+  const a_source_position no_place = at(0);
+  pos_syntax_error(ec_exp_rparen, &no_place);
+  pos_syntax_error(ec_exp_rparen, &no_place);
+  EXPECT_EQ(total_errors, 6u);
+}
+
 TEST_F(Messages, SupplementsAndNotesStandBelow) {
   const a_source_position pos = at(4), other = at(2), elsewhere = at(100);
   a_diag_list notes{};
