@@ -123,11 +123,11 @@ a_token_kind scan_sharp(const char *start, int length) {
   }
   if (check_misra_c_2004 && macro_depth != 0)
     pos_diagnostic(misra_required_severity, ec_misra_c_2004_19_9, &pos_curr_token);
-  if (in_preprocessing_directive || fetch_pp_tokens) {
-    bool doubled = length == 1 ? start[1] == '#'
-                               : alternative_tokens_allowed && start[2] == '%' && start[3] == ':';
-    return punctuator(start, doubled ? 2 * length : length, doubled ? tok_sharp_sharp : tok_sharp);
-  }
+  bool doubled = length == 1 ? start[1] == '#'
+                             : alternative_tokens_allowed && start[2] == '%' && start[3] == ':';
+  if (doubled) length *= 2;
+  if (in_preprocessing_directive || fetch_pp_tokens)
+    return punctuator(start, length, doubled ? tok_sharp_sharp : tok_sharp);
   set_curr_token_text(start, start + length);
   return bad_token(ec_bad_use_of_sharp);
 }
