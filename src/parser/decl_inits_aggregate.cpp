@@ -408,13 +408,18 @@ a_constant *scan_class(an_init_walk &init, a_type *type, a_brace_form form, a_co
 
 }  // namespace
 
-// { 1 2, 3 }   After a forgotten comma the rest of the list is no declarator of what is around it.
+// { 1 2, 3 }   { 1; , 2 }   After a forgotten comma or a stray ";" the rest of the list is no
+// declarator of what is around it.
 void scan_end_of_braced_list() {
   if (curr_token != tok_rbrace) {
     pos_syntax_error(ec_exp_rbrace, &pos_curr_token);
     a_stop_token_count stops[tok_last] = {};
     stops[tok_rbrace] = stops[tok_semicolon] = 1;
     flush_tokens_with_stop_tokens_and_warning_flag(stops, true);
+    while (curr_token == tok_semicolon && next_token() == tok_comma) {
+      get_token();
+      flush_tokens_with_stop_tokens_and_warning_flag(stops, true);
+    }
   }
   if (curr_token == tok_rbrace) get_token();
 }

@@ -123,10 +123,13 @@ bool is_type_start(unsigned flags) {
   }
 }
 
-// x y;   where x is not declared: a declaration whose type is misspelt.
+// x y;   where x is not declared: a declaration whose type is misspelt. In  x f(1);  a word too
+// many stands in front of a call.
 static bool is_misspelt_type() {
   a_symbol_locator locator = locator_for_curr_id;
-  return normal_id_lookup(&locator, 0) == nullptr && next_token() == tok_identifier;
+  if (normal_id_lookup(&locator, 0) != nullptr) return false;
+  a_token_kind second = tok_error;
+  return next_two_tokens(tok_identifier, &second) == tok_identifier && second != tok_lparen;
 }
 
 bool is_decl_start(unsigned flags) {

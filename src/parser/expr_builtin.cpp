@@ -158,7 +158,7 @@ bool scan_association_head(bool *seen_default, const a_type_list_entry *listed, 
     add_stop_token(tok_colon);
     type = scan_type_argument();
     remove_stop_token(tok_colon);
-    if (is_error_type(type)) {
+    if (is_error_type(type) || curr_token != tok_colon) {
       *ok = false;
     } else if (is_function_type(type) || is_incomplete_type(type)) {
       if (is_function_type(type))
@@ -229,6 +229,7 @@ void scan_generic_selection(an_operand *result) {
     }
   }
   remove_stop_token(tok_comma);
+  ok &= curr_token == tok_rparen;
   an_operand outside;
   form.close(&outside);
   a_source_position end = outside.end_pos;

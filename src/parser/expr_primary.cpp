@@ -231,14 +231,19 @@ void scan_statement_expression(an_operand *result, const a_source_position *star
     an_expr_stack_entry *saved = expr_stack;
     expr_stack = nullptr;
     a_type *type = nullptr;
+    std::uint64_t errors_before = total_errors;
     a_statement *block = scan_statement_expression_block(&type);
     expr_stack = saved;
+    // A value that was lost in a mistake inside is no second one.
+    bool lost = total_errors != errors_before &&
+                (type == nullptr || is_void_type(type) || is_error_type(type));
     an_expr_node *node = alloc_expr_node(enk_statement_expr);
     node->statement = block;
     node->type = type != nullptr ? make_unqualified_type(type) : void_type();
     node->position = *start;
     make_expression_operand(node, result);
     result->not_constant = result->not_integral_constant = true;
+    if (lost) conv_to_error_operand(result);
   }
   result->start_pos = *start;
   required_token(tok_rparen, ec_exp_rparen);

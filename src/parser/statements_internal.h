@@ -139,6 +139,7 @@ void scan_local_label_declarations();
 // ( expression )  as a truth value; *is_true and *is_false tell of a constant.
 // False after a message: what stands there up to the statement was passed over.
 bool scan_left_paren_of_condition();
+void scan_right_paren_of_condition();
 an_expr_node *scan_condition(bool *is_true, bool *is_false);
 // The body of a statement. In C99 it is a block of its own, braces or not.
 void scan_dependent_statement();

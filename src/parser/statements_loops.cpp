@@ -102,14 +102,21 @@ bool scan_left_paren_of_condition() {
   return is_there;
 }
 
+// while (n { ... }   Whatever the body begins with ends the search for a forgotten ")".
+void scan_right_paren_of_condition() {
+  add_stop_token(tok_semicolon);
+  add_stop_token(tok_lbrace);
+  required_token(tok_rparen, ec_exp_rparen);
+  remove_stop_token(tok_lbrace);
+  remove_stop_token(tok_semicolon);
+}
+
 an_expr_node *scan_condition(bool *is_true, bool *is_false) {
   add_stop_token(tok_rparen);
   an_expr_node *node;
   if (scan_left_paren_of_condition()) {
-    add_stop_token(tok_semicolon);
     node = scan_boolean_controlling_expression();
-    required_token(tok_rparen, ec_exp_rparen);
-    remove_stop_token(tok_semicolon);
+    scan_right_paren_of_condition();
   } else {
     node = error_node();
     if (curr_token == tok_rparen) get_token();
@@ -283,7 +290,12 @@ void scan_for_clauses(a_statement *statement, a_reachability *at_condition) {
   remove_stop_token(tok_semicolon);
   *at_condition = curr_reachability();
   scan_for_increment(statement);
-  required_token(tok_rparen, ec_exp_rparen);
+  if (curr_token == tok_semicolon && next_token() == tok_rparen) {
+    // for (;; i++;)
+    pos_syntax_error(ec_exp_rparen, &pos_curr_token);
+    get_token();
+  }
+  scan_right_paren_of_condition();
   remove_stop_token(tok_rparen);
 }
 

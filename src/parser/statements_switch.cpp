@@ -255,7 +255,7 @@ void scan_switch_statement() {
   a_type *orig_type = integer_type(ik_int);
   if (has_paren) {
     statement->expr = scan_integer_expression(&orig_type);
-    required_token(tok_rparen, ec_exp_rparen);
+    scan_right_paren_of_condition();
   } else {
     statement->expr = error_node();
     statement->expr->type = orig_type;
