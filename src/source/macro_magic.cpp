@@ -199,6 +199,19 @@ const char *question_text(a_symbol *macro_symbol, const a_macro_def *def,
   return truth(answer, length);
 }
 
+// What stands in place of the operand goes with the operator.
+void skip_to_rparen_in_text() {
+  for (;;) {
+    skip_white_space();
+    a_pp_text_kind kind;
+    bool at_rparen = *curr_char_loc == ')';
+    const char *end = end_of_pp_token(curr_char_loc, &kind, nullptr);
+    if (kind == ptk_end || *curr_char_loc == ';') return;
+    curr_char_loc = end;
+    if (at_rparen) return;
+  }
+}
+
 // __has_include("name"), __has_include_next(<name>)
 const char *has_include_text(a_magic_macro magic, const a_source_position *pos,
                              std::size_t *length) {
@@ -220,12 +233,15 @@ const char *has_include_text(a_magic_macro magic, const a_source_position *pos,
     if (!get_header_name(&name)) {
       report_here(ec_exp_file_name);
       some_error_in_curr_directive = true;
+      skip_to_rparen_in_text();
     } else {
       if (is_next && is_absolute_file_name(name.text))
         pos_warning(ec_absolute_file_name_in_has_include_next, pos);
       found = header_can_be_found(name.text, name.is_angle, is_next);
+      if (!skip_char(')', ec_exp_rparen)) some_error_in_curr_directive = true;
     }
-    if (!skip_char(')', ec_exp_rparen)) some_error_in_curr_directive = true;
+  } else {
+    some_error_in_curr_directive = true;
   }
   delete_source_from_loc = saved_delete;
   return truth(found, length);
@@ -275,19 +291,6 @@ void process_pragma_text(const char *text, const a_source_position *pos) {
   expand_macros = saved_expand;
   fetch_pp_tokens = saved_fetch;
   in_preprocessing_directive = saved_directive;
-}
-
-// What stands in place of the string goes with the operator.
-void skip_to_rparen_in_text() {
-  for (;;) {
-    skip_white_space();
-    a_pp_text_kind kind;
-    bool at_rparen = *curr_char_loc == ')';
-    const char *end = end_of_pp_token(curr_char_loc, &kind, nullptr);
-    if (kind == ptk_end || *curr_char_loc == ';') return;
-    curr_char_loc = end;
-    if (at_rparen) return;
-  }
 }
 
 // _Pragma ( string )

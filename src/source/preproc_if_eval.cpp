@@ -53,6 +53,7 @@ int nesting;
 void fail_at(const char *loc, an_error_code code) {
   if (failed) return;
   failed = true;
+  if (some_error_in_curr_directive) return;
   a_source_position pos;
   source_position_at(loc, &pos);
   pos_syntax_error(code, &pos);
