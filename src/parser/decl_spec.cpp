@@ -349,6 +349,13 @@ void scan_auto(a_specifier_scan &scan) {
 void scan_auto_type(a_specifier_scan &scan) {
   a_source_position position = pos_curr_token;
   get_token();
+  // A parameter, a member or a type name has no initializer to take the type from.
+  if ((scan.flags & dsf_storage_class_ok) == 0 || (scan.flags & dsf_parameter) != 0) {
+    pos_error(ec_auto_not_allowed_here, &position);
+    scan.state->has_error = true;
+    add_whole_type(scan, base_error, error_type(), &position);
+    return;
+  }
   a_type *placeholder = make_auto_type(&position, false);
   scan.state->auto_type = placeholder;
   add_whole_type(scan, base_auto, placeholder, &position);
@@ -438,12 +445,18 @@ void take_undeclared_type(a_specifier_scan &scan) {
   add_whole_type(scan, base_error, error_type(), &position);
 }
 
+// unsigned T x;   where no modified typedef is allowed: a declarator that is followed by a name
+// cannot be meant.
+bool at_surplus_type_name() {
+  return curr_type_symbol() != nullptr && next_token() == tok_identifier;
+}
+
 void scan_name(a_specifier_scan &scan) {
   if ((scan.flags & dsf_qualifiers_only) != 0) {
     scan.done = true;
     return;
   }
-  if (type_seen(scan) && !typedef_name_follows_modifier(scan)) {
+  if (type_seen(scan) && !typedef_name_follows_modifier(scan) && !at_surplus_type_name()) {
     scan.done = true;
     return;
   }

@@ -336,6 +336,8 @@ void check_sign_and_length(a_specifier_scan &scan) {
   report_bad_combination(scan, &scan.type_pos);
   scan.sign = sign_none;
   scan.length = length_none;
+  // No object has the type void, so the next message would be about that.
+  if (scan.base == base_void) scan.base = base_error;
 }
 
 a_type *type_by_base(a_specifier_scan &scan) {
