@@ -9,6 +9,7 @@ A line that must give a message has, directly under it, a comment for each one:
     int x = y;
     //      ^
     // expect: error #20 identifier "y"
+Where the dialect has no such comments, /* and */ stand around each of them.
 The caret, where there is one, stands under the column. Severity, number and a part of the text must
 agree, and no message may come that is not expected. A name that begins with bad_ means that the
 compilation fails with status 2 (or that of a second line "// status: N") and leaves no file; every other case must give a file that ifdump can
@@ -25,8 +26,9 @@ MESSAGE = re.compile(r'^"(?P<file>[^"]*)", line (?P<line>\d+): '
                      r'(?P<severity>[a-z -]+?)(?: #(?P<number>\d+)(?:-D)?)?: (?P<text>.*)$')
 AT_END = re.compile(r'^At end of source: '
                     r'(?P<severity>[a-z -]+?)(?: #(?P<number>\d+)(?:-D)?)?: (?P<text>.*)$')
-EXPECT = re.compile(r'^\s*//\s*expect(?P<end>-at-end)?:\s*(?P<severity>[a-z -]+?) #(?P<number>\d+)\s*(?P<text>.*?)\s*$')
-CARET = re.compile(r'^\s*//\s*\^\s*$')
+EXPECT = re.compile(r'^\s*(?://|/\*)\s*expect(?P<end>-at-end)?:\s*(?P<severity>[a-z -]+?) #(?P<number>\d+)'
+                    r'\s*(?P<text>.*?)\s*(?:\*/)?$')
+CARET = re.compile(r'^\s*(?://|/\*)\s*\^\s*(?:\*/)?$')
 LISTING = re.compile(r'^[A-Za-z] "(?P<file>[^"]*)" (?P<line>\d+) (?P<column>\d+) ')
 
 
