@@ -9,11 +9,12 @@ A table holds calls, with blank lines and comments (# and no number) between the
     Command-line error: language modes specified are incompatible
     1 catastrophic error detected in this compilation.
     Compilation terminated.
-A line "always: --strict" gives words that stand in front of those of each call behind it. The words behind $ are the arguments, read as a shell reads them; = is the exit status, 0 where the
-line is missing. The other lines are the output and the messages: all of them, in order; a line
-"..." stands for any further lines. The last two lines of a refused command line, which are always
-the same, are left out when the status is written "= 4 refused". Files are named as seen from the
-folder of the table; {out} is the output folder, a line "? NAME" a file that must stand there
+A line "always: --strict" gives words that stand in front of those of each call behind it. The words
+behind $ are the arguments, read as a shell reads them; = is the exit status, 0 where the line is
+missing. The other lines are the output and the messages: all of them, in order; a line "..." at the
+start or the end stands for any others. The last two lines of a refused command line, which are
+always the same, are left out when the status is written "= 4 refused". Files are named as seen from
+the folder of the table; {out} is the output folder, a line "? NAME" a file that must stand there
 afterwards, "! NAME" one that must not, and "< NAME" one whose text comes behind the messages.
 """
 import glob
@@ -44,11 +45,13 @@ def calls(path):
                 call['files'].append((row[0] == '?', row[2:].strip()))
             elif row.startswith('< '):
                 call['read'] = row[2:].strip()
-            elif row and not re.match(r'#(?! \d)', row):
+            elif row and not re.match(r'# (?!\d)', row):
                 call['lines'].append(row)
 
 
 def agree(expected, came):
+    if expected and expected[0] == '...':
+        return came[len(came) - len(expected) + 1:] == expected[1:]
     if expected and expected[-1] == '...':
         return came[:len(expected) - 1] == expected[:-1]
     return expected == came

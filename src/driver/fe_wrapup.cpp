@@ -83,6 +83,7 @@ void fe_wrapup() {
   for (a_translation_unit *unit = primary->next; unit != nullptr; unit = unit->next) {
     end_of_unit_step(unit);
   }
+  if (list_macros) gen_listing_of_macros();
   if (list_macro_definitions) gen_pp_output_for_macro_definitions();
   end_of_unit_step(primary);
   check_il_or_stop(icp_after_parsing);
