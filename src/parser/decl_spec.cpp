@@ -25,6 +25,33 @@
 
 std::uint8_t enum_default_int_kind;
 
+// foo int x;   with foo undeclared: a specifier that this dialect does not know.
+bool is_unknown_specifier() {
+  if (locator_for_curr_id.symbol != nullptr) return false;
+  switch (next_token()) {
+    case tok_void:
+    case tok_char:
+    case tok_short:
+    case tok_int:
+    case tok_long:
+    case tok_float:
+    case tok_double:
+    case tok_signed:
+    case tok_unsigned:
+    case tok_struct:
+    case tok_union:
+    case tok_enum:
+    case tok_const:
+    case tok_volatile:
+    case tok_static:
+    case tok_extern:
+    case tok_typedef:
+      return true;
+    default:
+      return false;
+  }
+}
+
 namespace {
 
 a_decl_parse_state *free_decl_parse_states;
@@ -466,6 +493,11 @@ void scan_name(a_specifier_scan &scan) {
     record_symbol_reference(ref_other, symbol, &position, true);
     get_token();
     add_whole_type(scan, base_named, type_of_symbol(symbol), &position);
+    return;
+  }
+  if ((scan.flags & dsf_no_name) == 0 && is_unknown_specifier()) {
+    pos_st_error(ec_undefined_identifier, &pos_curr_token, locator_for_curr_id.header->name);
+    get_token();
     return;
   }
   if ((scan.flags & dsf_type_required) == 0 &&

@@ -190,6 +190,8 @@ enum a_decl_specifiers_flag : std::uint32_t {
 // Reads the specifiers at the current token into state; the type is set in every case (the error
 // type after a message). positions may be null.
 void decl_specifiers(std::uint32_t flags, a_decl_parse_state *state, a_decl_pos_block *positions);
+// The current token is an undeclared name with a specifier behind it.
+bool is_unknown_specifier();
 
 // Reads "enum ..." at the current token and gives the type; the error type after a message.
 a_type *enum_specifier(a_decl_parse_state *state, std::uint32_t flags);

@@ -280,9 +280,17 @@ void scan_prototype_in_scope(a_prototype_scan &scan, a_func_info_block *info) {
     info->param_scope_number = scope_stack[depth_scope_stack].scope_number;
     info->prototype_scope = scope_stack[depth_scope_stack].il_scope;
     info->prototype_scope_symbols = top_scope().pointers->first_symbol;
-    info->prototype_scope_symbols = scope_stack[depth_scope_stack].pointers->first_symbol;
   }
   pop_scope();
+}
+
+// unknown_word(1, "x") int a;   is no declaration: one message is enough
+void skip_rest_of_parameter_list(a_declarator_scan &scan) {
+  while (curr_token == tok_comma) {
+    get_token();
+    flush_tokens();
+  }
+  if (!scan.state->type_specified) scan.state->has_error = true;
 }
 
 }  // namespace
@@ -305,6 +313,7 @@ a_declarator_part *scan_function_declarator(a_declarator_scan &scan, bool for_na
   } else {
     scan_prototype_in_scope(prototype, info);
   }
+  if (prototype.failed) skip_rest_of_parameter_list(scan);
   remove_stop_token(tok_rparen);
   if (info != nullptr) {
     info->is_function_declarator = true;

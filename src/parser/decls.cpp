@@ -372,6 +372,7 @@ void close_declaration(a_decl_parse_state *state) {
   discard_end_of_parse_actions(state);
   if (declaring_at_file_scope() && curr_token == tok_semicolon)
     next_token_is_top_level_decl_start = true;
+  if (state->has_error && !state->type_specified && curr_token != tok_semicolon) flush_tokens();
   required_token(tok_semicolon, ec_exp_semicolon);
 }
 

@@ -49,8 +49,13 @@ an_expr_operator_kind operator_of_token(a_token_kind token) {
   }
 }
 
+// Other compilers take these with a warning, and so do their modes.
+bool constraints_are_lenient() {
+  return gcc_mode || in_pcc_mode();
+}
+
 an_error_severity constraint_severity() {
-  return gcc_mode ? es_warning : es_error;
+  return constraints_are_lenient() ? es_warning : es_error;
 }
 
 // The value of an operand as a condition: 0, 1, or -1 when it is not known.
@@ -112,7 +117,7 @@ a_type *common_pointer_type(an_operand *left, an_operand *right,
     if (!is_integral_or_enum_type(other->type)) return nullptr;
     expr_pos_ty2_diagnostic(constraint_severity(), ec_incompatible_operands, position, left->type,
                             right->type);
-    if (!gcc_mode) return error_type();
+    if (!constraints_are_lenient()) return error_type();
     return make_unqualified_type(left_pointer ? left->type : right->type);
   }
   a_type *left_target = type_pointed_to(left->type), *right_target = type_pointed_to(right->type);
@@ -131,7 +136,8 @@ a_type *common_pointer_type(an_operand *left, an_operand *right,
     expr_pos_ty2_diagnostic(
         interchangeable_types(plain_left, plain_right) ? es_warning : constraint_severity(),
         ec_incompatible_operands, position, left->type, right->type);
-    if (!gcc_mode && !interchangeable_types(plain_left, plain_right)) return error_type();
+    if (!constraints_are_lenient() && !interchangeable_types(plain_left, plain_right))
+      return error_type();
     target = void_type();
   }
   return make_pointer_type(make_qualified_type(target, qualifiers));
