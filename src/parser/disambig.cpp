@@ -128,14 +128,10 @@ bool is_type_start(unsigned flags) {
 // many stands in front of a call.
 static bool is_misspelt_type() {
   a_symbol_locator locator = locator_for_curr_id;
-<<<<<<< HEAD
   if (normal_id_lookup(&locator, 0) != nullptr) return false;
+  if (is_unknown_specifier()) return true;
   a_token_kind second = tok_error;
   return next_two_tokens(tok_identifier, &second) == tok_identifier && second != tok_lparen;
-=======
-  return normal_id_lookup(&locator, 0) == nullptr &&
-         (next_token() == tok_identifier || is_unknown_specifier());
->>>>>>> cef7ed7 (A word that is unknown in front of specifiers or arguments gives one message; cases of dialects)
 }
 
 bool is_decl_start(unsigned flags) {
