@@ -9,13 +9,8 @@ A line that must give a message has, directly under it, a comment for each one:
     int x = y;
     //      ^
     // expect: error #20 identifier "y"
-<<<<<<< HEAD
 Where the dialect has no such comments, /* and */ stand around each of them.
 The caret, where there is one, stands under the column. Severity, number and a part of the text must
-=======
-The caret, where there is one, stands under the column. Comments of the old form do where the dialect
-has no others. Severity, number and a part of the text must
->>>>>>> 9b29ad8 (A word that is unknown in front of specifiers or arguments gives one message; cases of dialects)
 agree, and no message may come that is not expected. A name that begins with bad_ means that the
 compilation fails with status 2 (or that of a second line "// status: N") and leaves no file; every other case must give a file that ifdump can
 read. A file NAME.dump beside the case has what ifdump prints of it, without the lines that tell of the
@@ -31,12 +26,8 @@ MESSAGE = re.compile(r'^"(?P<file>[^"]*)", line (?P<line>\d+): '
                      r'(?P<severity>[a-z -]+?)(?: #(?P<number>\d+)(?:-D)?)?: (?P<text>.*)$')
 AT_END = re.compile(r'^At end of source: '
                     r'(?P<severity>[a-z -]+?)(?: #(?P<number>\d+)(?:-D)?)?: (?P<text>.*)$')
-<<<<<<< HEAD
 EXPECT = re.compile(r'^\s*(?://|/\*)\s*expect(?P<end>-at-end)?:\s*(?P<severity>[a-z -]+?) #(?P<number>\d+)'
                     r'\s*(?P<text>.*?)\s*(?:\*/)?$')
-=======
-EXPECT = re.compile(r'^\s*(?://|/\*)\s*expect(?P<end>-at-end)?:\s*(?P<severity>[a-z -]+?) #(?P<number>\d+)\s*(?P<text>.*?)\s*(?:\*/)?$')
->>>>>>> 9b29ad8 (A word that is unknown in front of specifiers or arguments gives one message; cases of dialects)
 CARET = re.compile(r'^\s*(?://|/\*)\s*\^\s*(?:\*/)?$')
 LISTING = re.compile(r'^[A-Za-z] "(?P<file>[^"]*)" (?P<line>\d+) (?P<column>\d+) ')
 
