@@ -128,8 +128,7 @@ a_brace_form scan_designator_end(bool may_lack_assign) {
   if (curr_token == tok_assign) {
     get_token();
   } else if (!may_lack_assign) {
-    error_position = pos_curr_token;
-    pos_error(ec_exp_assign, &pos_curr_token);
+    pos_syntax_error(ec_exp_assign, &pos_curr_token);
   }
   return bform_elided;
 }
@@ -408,6 +407,14 @@ a_constant *scan_class(an_init_walk &init, a_type *type, a_brace_form form, a_co
 
 }  // namespace
 
+// { 1; , 2 }   { .a; = 1 }   { 1; };   No statement begins behind this ";".
+static bool at_stray_semicolon() {
+  if (curr_token != tok_semicolon) return false;
+  a_token_kind second = tok_error;
+  a_token_kind next = next_two_tokens(tok_rbrace, &second);
+  return next == tok_comma || next == tok_assign || (next == tok_rbrace && second == tok_semicolon);
+}
+
 // { 1 2, 3 }   { 1; , 2 }   After a forgotten comma or a stray ";" the rest of the list is no
 // declarator of what is around it.
 void scan_end_of_braced_list() {
@@ -416,7 +423,7 @@ void scan_end_of_braced_list() {
     a_stop_token_count stops[tok_last] = {};
     stops[tok_rbrace] = stops[tok_semicolon] = 1;
     flush_tokens_with_stop_tokens_and_warning_flag(stops, true);
-    while (curr_token == tok_semicolon && next_token() == tok_comma) {
+    while (at_stray_semicolon()) {
       get_token();
       flush_tokens_with_stop_tokens_and_warning_flag(stops, true);
     }

@@ -126,6 +126,70 @@ TEST(ConstInts, MasksAndTruncation) {
   EXPECT_EQ(value, 0x80u);
 }
 
+// Floor of value / 2^count, as an arithmetic shift of any width gives it.
+a_wide shifted_right(a_wide value, int count) {
+  return count >= 127 ? (value < 0 ? -1 : 0) : value >> count;
+}
+
+TEST(ConstInts, RightShiftsAgreeWithAWiderType) {
+  for (std::uint64_t edge : edges) {
+    for (int count = 0; count <= 70; ++count) {
+      std::uint64_t value = edge;
+      shift_right_integer_value(&value, count, true, true);
+      EXPECT_EQ(a_wide{static_cast<std::int64_t>(value)}, shifted_right(widen(edge, true), count))
+          << edge << " >> " << count;
+      if (count > 63) continue;
+      value = edge;
+      shift_right_integer_value(&value, count, false, true);
+      EXPECT_EQ(a_wide{value}, shifted_right(widen(edge, false), count)) << edge << " >> " << count;
+    }
+  }
+}
+
+TEST(ConstInts, LeftShiftsTellWhatIsLost) {
+  for (std::uint64_t edge : edges) {
+    for (int count = 0; count < 64; ++count) {
+      std::uint64_t value = edge;
+      bool overflow;
+      shift_left_integer_value(&value, count, &overflow);
+      EXPECT_EQ(value, edge << count);
+      bool bits_lost = (value >> count) != edge;
+      if (bits_lost) {
+        EXPECT_TRUE(overflow) << edge << " << " << count;
+      }
+    }
+  }
+}
+
+TEST(ConstInts, TruncationKeepsTheLowBitsAtEveryWidth) {
+  for (std::uint64_t edge : edges) {
+    for (int bits = 1; bits <= 64; ++bits) {
+      std::uint64_t mask, kept = edge, extended = edge;
+      make_integer_value_mask(&mask, bits);
+      truncate_integer_value(&kept, bits, false);
+      EXPECT_EQ(kept, edge & mask);
+      truncate_integer_value(&extended, bits, true);
+      EXPECT_EQ(extended & mask, edge & mask);
+      bool negative = (edge >> (bits - 1) & 1) != 0;
+      EXPECT_EQ(extended & ~mask, negative ? ~mask : 0) << edge << " to " << bits;
+    }
+  }
+}
+
+TEST(ConstInts, ComparisonsOfMixedSignsAreByValue) {
+  for (std::uint64_t a : edges) {
+    for (std::uint64_t b : edges) {
+      for (bool a_signed : {false, true}) {
+        for (bool b_signed : {false, true}) {
+          a_wide left = widen(a, a_signed), right = widen(b, b_signed);
+          int expected = left < right ? -1 : left > right;
+          EXPECT_EQ(cmp_integer_values(a, a_signed, b, b_signed), expected) << a << " " << b;
+        }
+      }
+    }
+  }
+}
+
 TEST(ConstInts, DecimalText) {
   EXPECT_STREQ(str_for_integer_value(std::uint64_t{1} << 63, true), "-9223372036854775808");
   EXPECT_STREQ(str_for_integer_value(UINT64_MAX, false), "18446744073709551615");

@@ -119,6 +119,47 @@ TEST_F(Folding, IntegersOfEachKind) {
   EXPECT_EQ(value_of(binary(eok_max, integer(-1), integer(1))), 1);
 }
 
+// Every pair of small values in every kind, against the host's own arithmetic in the same width.
+template <typename T>
+void check_small_values(const char *what, an_integer_kind kind,
+                        std::int64_t (*fold)(an_expr_operator_kind, std::int64_t, std::int64_t,
+                                             an_integer_kind)) {
+  const T values[] = {static_cast<T>(0),  static_cast<T>(1),  static_cast<T>(-1),
+                      static_cast<T>(7),  static_cast<T>(-7), static_cast<T>(100),
+                      static_cast<T>(-96)};
+  for (T a : values) {
+    for (T b : values) {
+      auto same = [&](an_expr_operator_kind op, T expected) {
+        EXPECT_EQ(static_cast<T>(
+                      fold(op, static_cast<std::int64_t>(a), static_cast<std::int64_t>(b), kind)),
+                  expected)
+            << what << " " << op << ": " << std::int64_t(a) << ", " << std::int64_t(b);
+      };
+      same(eok_and, static_cast<T>(a & b));
+      same(eok_or, static_cast<T>(a | b));
+      same(eok_xor, static_cast<T>(a ^ b));
+      same(eok_lt, a < b);
+      same(eok_ge, a >= b);
+      same(eok_eq, a == b);
+      if (b == 0) continue;
+      same(eok_divide, static_cast<T>(a / b));
+      same(eok_remainder, static_cast<T>(a % b));
+    }
+  }
+}
+
+TEST_F(Folding, SmallValuesOfEachKindAgreeWithTheHost) {
+  auto fold = [](an_expr_operator_kind op, std::int64_t a, std::int64_t b, an_integer_kind kind) {
+    bool is_comparison = op == eok_lt || op == eok_ge || op == eok_eq;
+    return value_of(binary(op, integer(a, kind), integer(b, kind),
+                           is_comparison ? integer_type(ik_int) : nullptr));
+  };
+  check_small_values<std::int32_t>("int", ik_int, fold);
+  check_small_values<std::uint32_t>("unsigned", ik_unsigned_int, fold);
+  check_small_values<std::int64_t>("long long", ik_long_long, fold);
+  check_small_values<std::uint64_t>("unsigned long long", ik_unsigned_long_long, fold);
+}
+
 TEST_F(Folding, OverflowIsAWarningAndTheValueWraps) {
   std::uint64_t before = total_warnings;
   a_constant max = integer(0x7FFFFFFF), one = integer(1), result = {};
