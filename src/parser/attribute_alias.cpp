@@ -93,6 +93,14 @@ bool is_defined_or_alias(const a_symbol *symbol) {
   return symbol->variant.variable->defined || symbol->variant.variable->storage_class != sc_extern;
 }
 
+// An alias is a definition: no body, and no second alias, may stand beside it.
+bool has_other_definition(const a_symbol *symbol) {
+  if (!is_routine_symbol_kind(symbol->kind))
+    return symbol->variant.variable->alias_target != nullptr;
+  const a_routine *routine = symbol->variant.routine;
+  return routine->defined || routine->alias_target != nullptr;
+}
+
 template <class T>
 bool link_alias(const an_alias_fixup &fixup, T *entity, T *target, an_il_entry_kind kind) {
   if (is_alias_loop(entity, target)) {
@@ -107,6 +115,10 @@ bool link_alias(const an_alias_fixup &fixup, T *entity, T *target, an_il_entry_k
 }
 
 bool resolve_alias(const an_alias_fixup &fixup) {
+  if (has_other_definition(fixup.symbol)) {
+    pos_sy_error(ec_already_defined, &fixup.position, fixup.symbol);
+    return false;
+  }
   a_symbol *target = target_of(fixup);
   if (target == nullptr) {
     pos_st_error(ec_aliased_name_undeclared, &fixup.position, fixup.target_name);

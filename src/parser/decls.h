@@ -22,9 +22,9 @@ void scan_nonmember_declaration(a_decl_parse_state *state, a_source_range *range
 void declaration(bool in_for_init);
 
 // The declarations between a K&R declarator and the body; the current token is the first of them.
-// Fills the entries of the identifier list; undeclared names become int. With routine_type the
-// promoted types also become its parameter types.
-void scan_knr_parameter_declarations(a_func_info_block *func_info, a_type *routine_type = nullptr);
+// Fills the entries of the identifier list; undeclared names become int. The promoted types become
+// the parameter types of the routine, unless a prototype told them: then they must agree with it.
+void scan_knr_parameter_declarations(a_func_info_block *func_info, a_routine *routine);
 
 // Is a K&R header with its body standing at the current token, behind the declarator?
 bool is_start_of_function_body(const a_func_info_block *func_info);

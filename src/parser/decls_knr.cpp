@@ -105,9 +105,34 @@ void set_promoted_types(a_func_info_block *func_info, a_type *routine_type) {
   }
 }
 
+// int f(char);   int f(c) char c; { }   is not what the language says, but a small integer is
+// passed as the same int either way.
+bool fits_prototype(const a_param_id *id, const a_param_type *param) {
+  a_type *wanted = make_unqualified_type(param->type);
+  if (f_types_are_compatible(wanted, id->promoted_type, tcf_error_is_compatible)) return true;
+  return gnu_mode && is_integral_or_enum_type(wanted) &&
+         f_types_are_compatible(wanted, make_unqualified_type(id->type), tcf_error_is_compatible);
+}
+
+// The parameters against those of an earlier prototype, which stays the type of the function.
+void check_against_prototype(const a_func_info_block *func_info, const a_routine *routine) {
+  a_type *type = skip_typerefs(routine->type);
+  if (type->kind != tk_routine || !type->routine_supplement->prototyped) return;
+  const a_param_type *param = type->routine_supplement->param_types;
+  const a_param_id *id = func_info->param_id_list;
+  while (id != nullptr && param != nullptr && fits_prototype(id, param)) {
+    id = id->next;
+    param = param->next;
+  }
+  if (id == nullptr && param == nullptr) return;
+  const a_source_position *position =
+      id != nullptr ? &id->position : &func_info->param_id_list->position;
+  pos_sy_error(ec_not_compatible_with_previous_decl, position, routine->symbol);
+}
+
 }  // namespace
 
-void scan_knr_parameter_declarations(a_func_info_block *func_info, a_type *routine_type) {
+void scan_knr_parameter_declarations(a_func_info_block *func_info, a_routine *routine) {
   add_stop_token(tok_lbrace);
   add_stop_token(tok_semicolon);
   while (curr_token != tok_lbrace && curr_token != tok_end_of_source &&
@@ -115,5 +140,6 @@ void scan_knr_parameter_declarations(a_func_info_block *func_info, a_type *routi
     scan_knr_declaration(func_info);
   remove_stop_token(tok_semicolon);
   remove_stop_token(tok_lbrace);
-  set_promoted_types(func_info, routine_type);
+  set_promoted_types(func_info, skip_typerefs(routine->type));
+  check_against_prototype(func_info, routine);
 }

@@ -36,6 +36,7 @@ struct a_routine_decl {
   a_source_position position;
   bool is_definition;
   bool at_file_scope;
+  bool has_identifier_list;  // f(a, b)   the parameters are declared behind it
   a_prior_declaration prior;
 };
 
@@ -43,6 +44,14 @@ struct a_routine_decl {
 bool loses_prototype(a_type *old_type, a_type *new_type) {
   return skip_typerefs(old_type)->routine_supplement->prototyped &&
          !skip_typerefs(new_type)->routine_supplement->prototyped;
+}
+
+// int f(int);   int f(a) int a; { }   the parameters are compared when they are known.
+bool keeps_prototype(const a_routine_decl &decl, a_type *old_type) {
+  return decl.is_definition && decl.has_identifier_list && loses_prototype(old_type, decl.type) &&
+         !skip_typerefs(old_type)->routine_supplement->has_ellipsis &&
+         f_types_are_compatible(return_type_of(old_type), return_type_of(decl.type),
+                                tcf_error_is_compatible);
 }
 
 a_storage_class il_storage_class(const a_routine_decl &decl) {
@@ -99,7 +108,9 @@ a_symbol *redeclare_routine(a_routine_decl &decl, a_symbol *previous) {
   }
   if (strict_ansi_mode && !decl.is_definition && loses_prototype(routine->type, decl.type))
     pos_sy_diagnostic(es_remark, ec_prototype_lost, &decl.position, previous);
-  if (!reconcile_routine_types(routine, decl.type, &decl.position, decl.is_definition)) {
+  bool agrees = keeps_prototype(decl, routine->type) ||
+                reconcile_routine_types(routine, decl.type, &decl.position, decl.is_definition);
+  if (!agrees) {
     decl.state->has_error = true;
     if (decl.is_definition) return nullptr;
   }
@@ -209,6 +220,7 @@ a_symbol *decl_routine(a_symbol_locator *locator, a_decl_parse_state *state,
   decl.position = locator->position;
   decl.is_definition = is_definition;
   decl.at_file_scope = declaring_at_file_scope();
+  decl.has_identifier_list = func_info != nullptr && func_info->param_id_list != nullptr;
   decl.prior = find_prior_declaration(locator, !decl.at_file_scope);
   a_symbol *symbol = nullptr;
   if (decl.prior.in_scope != nullptr)

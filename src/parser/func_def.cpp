@@ -173,8 +173,7 @@ void function_definition(a_symbol_locator *locator, a_decl_parse_state *state,
     pos_error(ec_bad_scope_for_definition, &locator->position);
     state->has_error = true;
   }
-  if (func_info->param_id_list != nullptr)
-    scan_knr_parameter_declarations(func_info, skip_typerefs(routine->type));
+  if (func_info->param_id_list != nullptr) scan_knr_parameter_declarations(func_info, routine);
   routine->is_main = func_info->is_main;
   scan_function_body(routine, func_info, 0);
 }

@@ -108,6 +108,15 @@ static int old_style(c, f, s, p)
 {
   return c + (int)(f * 10) + s + *p;
 }
+static int narrow(signed char, short, int, unsigned char, double, int);
+static int narrow(a, b, c, d, e, f)
+  signed char a, c;
+  short b;
+  unsigned char d;
+  float e;
+{
+  return a * 1000000 + b + c * 10000 + d + (int)(e * 4) + f;
+}
 static void declarators(void) {
   row matrix[2] = {{1, 2, 3}, {4, 5, 6}}, *pointer = matrix;
   const row *constant_rows = (const row *)matrix;
@@ -117,6 +126,7 @@ static void declarators(void) {
   printf("declarators %d %d %d %d %d %d %d %d\n", hide(1), parameter_tags(&(struct number){'p'}, 0),
          pointer[1][1], last_of(constant_rows, 2), (*picked)[0](4) + (*picked)[1](4),
          (int)sizeof names, (int)sizeof functions, old_style('a', 1.25, s, &s));
+  printf("narrow %d\n", narrow(300, 70000, 258, -1, 1.25, 1));
 }
 
 /* Layout: packed and aligned parts, anonymous members, bit-fields between them. */
