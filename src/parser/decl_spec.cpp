@@ -223,6 +223,7 @@ bool check_file_scope_storage_class(a_specifier_scan &scan, a_decl_storage_class
   if (!at_file_scope() || (scan.flags & (dsf_parameter | dsf_member)) != 0) return true;
   if (storage_class == dsc_register) {
     scan.state->register_at_file_scope = true;
+    scan.state->storage_class_pos = pos_curr_token;
     if (!gcc_mode && !in_cplusplus()) pos_error(ec_bad_file_scope_storage_class, &pos_curr_token);
     return false;
   }

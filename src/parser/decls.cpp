@@ -191,6 +191,11 @@ void scan_function_definition(a_symbol_locator *locator, a_decl_parse_state *sta
 // ---- One declarator ----------------------------------------------------------------------------
 
 bool check_function_storage_class(a_decl_parse_state *state) {
+  // At file scope the specifiers drop the word; outside GNU C they also told it.
+  if (state->register_at_file_scope && gcc_mode && !in_cplusplus()) {
+    pos_error(ec_bad_function_storage_class, &state->storage_class_pos);
+    return false;
+  }
   if (state->storage_class == dsc_auto || state->storage_class == dsc_register) {
     pos_error(ec_bad_function_storage_class, &state->storage_class_pos);
     state->storage_class = dsc_none;
