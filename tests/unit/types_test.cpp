@@ -140,6 +140,39 @@ TEST_F(Types, CompositesKnowWhatEitherKnows) {
   EXPECT_EQ(f->routine_supplement->param_types->type, pointer_to(open)) << "f is left alone";
 }
 
+// Qualifiers count at every level but that of a parameter.
+TEST_F(Types, QualifiersAndBoundsInCompatibility) {
+  a_type *type = int_type();
+  EXPECT_FALSE(types_are_compatible(type, constant(type)));
+  EXPECT_FALSE(types_are_compatible(pointer_to(type), pointer_to(constant(type))));
+  EXPECT_FALSE(types_are_compatible(pointer_to(type), constant(pointer_to(type))));
+  EXPECT_TRUE(
+      types_are_compatible(constant(typedef_of(type, "n")), typedef_of(constant(type), "m")));
+  EXPECT_TRUE(f_types_are_compatible(type, constant(type), tcf_ignore_qualifiers));
+  EXPECT_FALSE(
+      f_types_are_compatible(pointer_to(type), pointer_to(constant(type)), tcf_ignore_qualifiers));
+  a_type *three = make_array_type(type, 3), *four = make_array_type(type, 4);
+  a_type *open = make_incomplete_array_type(type);
+  EXPECT_FALSE(types_are_compatible(three, four));
+  EXPECT_FALSE(types_are_compatible(pointer_to(three), pointer_to(four)));
+  EXPECT_TRUE(types_are_compatible(pointer_to(open), pointer_to(four)));
+  EXPECT_FALSE(types_are_compatible(open, make_incomplete_array_type(constant(type))));
+  EXPECT_FALSE(types_are_compatible(make_array_type(three, 2), make_array_type(four, 2)));
+  EXPECT_TRUE(types_are_compatible(make_incomplete_array_type(three), make_array_type(three, 2)));
+  EXPECT_FALSE(types_are_compatible(three, pointer_to(type)));
+}
+
+// A wrong type is compatible with everything where that is asked for, and is no kind of type.
+TEST_F(Types, ErrorTypesAnswerNothing) {
+  a_type *error = error_type();
+  EXPECT_TRUE(f_types_are_compatible(error, int_type(), tcf_error_is_compatible));
+  EXPECT_TRUE(f_types_are_compatible(pointer_to(int_type()), error, tcf_error_is_compatible));
+  for (auto *predicate : {is_integral_type, is_arithmetic_type, is_pointer_type, is_array_type,
+                          is_function_type, is_scalar_type, is_class_struct_union_type})
+    EXPECT_FALSE(predicate(error));
+  EXPECT_TRUE(is_error_type(typedef_of(constant(error), "wrong")));
+}
+
 TEST_F(Types, Promotions) {
   EXPECT_EQ(type_after_integral_promotion(integer_type(ik_unsigned_short)), int_type());
   EXPECT_EQ(type_after_integral_promotion(bool_type()), int_type());
