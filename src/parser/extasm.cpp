@@ -110,6 +110,7 @@ void scan_asm_qualifiers(an_asm_entry *entry) {
 // ( string-literal )  into a constant of the IL.
 a_constant *scan_asm_string(bool in_function) {
   a_constant *text = alloc_constant(ck_error);
+  text->type = error_type();
   add_stop_token(tok_rparen);
   if (!required_token(tok_lparen, ec_exp_lparen)) {
     if (curr_token == tok_rparen) get_token();
