@@ -1,4 +1,5 @@
 // options: --c11 --gcc
-// The word alone, at the end of the file.
+// The word alone.
 asm
+;
 // expect: error #126 expected a "("
