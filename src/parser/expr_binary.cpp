@@ -214,8 +214,7 @@ void scan_additive(an_expr_operator_kind op, an_operand *left, an_operand *right
                    an_operand *result, const a_source_position *position) {
   bool left_pointer = is_pointer_type(left->type), right_pointer = is_pointer_type(right->type);
   if (!left_pointer && !right_pointer) {
-    bool ok = check_arithmetic_or_enum_operand(left);
-    if (!check_arithmetic_or_enum_operand(right) || !ok) {
+    if (!check_arithmetic_or_enum_operand(left) || !check_arithmetic_or_enum_operand(right)) {
       fail(left, right, result);
       return;
     }
@@ -232,8 +231,7 @@ void scan_additive(an_expr_operator_kind op, an_operand *left, an_operand *right
   } else if (op == eok_add) {
     add_to_pointer(left, right, false, result, position);
   } else {
-    bool ok = check_object_pointer_operand(left);
-    if (!check_integral_or_enum_operand(right) || !ok) {
+    if (!check_object_pointer_operand(left) || !check_integral_or_enum_operand(right)) {
       fail(left, right, result);
       return;
     }
@@ -247,8 +245,7 @@ void scan_additive(an_expr_operator_kind op, an_operand *left, an_operand *right
 
 void scan_shift(an_expr_operator_kind op, an_operand *left, an_operand *right, an_operand *result,
                 const a_source_position *position) {
-  bool ok = check_integral_or_enum_operand(left);
-  if (!check_integral_or_enum_operand(right) || !ok) {
+  if (!check_integral_or_enum_operand(left) || !check_integral_or_enum_operand(right)) {
     fail(left, right, result);
     return;
   }
@@ -317,8 +314,7 @@ void add_to_pointer(an_operand *pointer, an_operand *index, bool index_is_first,
                     const a_source_position *position) {
   a_source_position start = index_is_first ? index->start_pos : pointer->start_pos;
   a_source_position end = index_is_first ? pointer->end_pos : index->end_pos;
-  bool ok = check_object_pointer_operand(pointer);
-  if (!check_integral_or_enum_operand(index) || !ok) {
+  if (!check_object_pointer_operand(pointer) || !check_integral_or_enum_operand(index)) {
     fail(pointer, index, result);
   } else {
     promote_operand(index);
