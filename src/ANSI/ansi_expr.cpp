@@ -396,7 +396,7 @@ void put_field(a_field *field, a_type *class_type) {
   TYPE *csu = tp_type(f_skip_typerefs(class_type))->stripped;
   NODE node(op_FIELD, tp_type(bit_field_container_type(field, field->type)));
   node.csu = csu;
-  node.member = csu->csu->member_with_id(field->lowered_number);
+  node.member = type_pkg->member_with_id(csu->csu, field->lowered_number);
   check_invariant(node.member != nullptr);
   put(node);
 }

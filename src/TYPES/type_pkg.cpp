@@ -21,15 +21,17 @@ void tp_die(const char *text) {
   std::exit(1);
 }
 
-fkMDATA *a_class_subpart::member_with_id(std::int32_t id) {
-  if (members_by_id.empty() || members_by_id.back() != data_members.tail) {
-    members_by_id.clear();
-    for (fkMDATA *member = data_members.head; member != nullptr; member = member->next)
-      members_by_id.push_back(member);
+fkMDATA *TYPE_PKG::member_with_id(a_class_subpart *csu, std::int32_t id) {
+  const fkMDATA *tail = csu->data_members.tail;
+  if (tail == nullptr || id < 1 || id > tail->id) return nullptr;
+  if (csu->num_members != tail->id) {
+    csu->num_members = tail->id;
+    const std::size_t bytes = static_cast<std::size_t>(tail->id) * sizeof(fkMDATA *);
+    csu->members_by_id = static_cast<fkMDATA **>(alloc(bytes));
+    for (fkMDATA *member = csu->data_members.head; member != nullptr; member = member->next)
+      csu->members_by_id[member->id - 1] = member;
   }
-  auto index = static_cast<std::size_t>(id) - 1;
-  if (index >= members_by_id.size() || members_by_id[index]->id != id) return nullptr;
-  return members_by_id[index];
+  return csu->members_by_id[id - 1];
 }
 
 namespace {

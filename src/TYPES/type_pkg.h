@@ -113,13 +113,11 @@ struct a_class_subpart {
   a_type_list<fkTYPE_ELEM> friend_classes;
   a_type_list<fkTYPE_ELEM> nested_types;
   a_type_list<fkMDATA> data_members;
-  std::vector<fkMDATA *> members_by_id;  // of data_members, as far as member_with_id needed them
+  fkMDATA **members_by_id = nullptr;  // of data_members, when member_with_id made it
+  std::int32_t num_members = 0;       // in members_by_id
   a_type_list<fkSDATA> static_members;
   a_type_list<fkMFUNC> member_functions;
   a_type_list<fkPARAM> template_params;
-
-  // The data member of a number (from 1, in the order of the list); null: there is none.
-  fkMDATA *member_with_id(std::int32_t id);
 };
 
 class TYPE {
@@ -341,6 +339,8 @@ class TYPE_PKG {
 
   // Memory of the package, zeroed, kept until the package is deleted. Nothing in it is destroyed.
   void *alloc(std::size_t size);
+  // The data member of a number (from 1, in the order of the list); null: there is none.
+  fkMDATA *member_with_id(a_class_subpart *csu, std::int32_t id);
   template <typename RECORD>
   RECORD *alloc_record() {
     static_assert(std::is_trivially_destructible_v<RECORD>);

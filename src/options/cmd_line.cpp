@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "DIAG/error.h"
 #include "UTIL/cmdfile.h"
@@ -182,8 +183,13 @@ void set_severities_of_tool() {
 }  // namespace
 
 const char *next_word() {
+  // Options point into the words of command files until the process ends.
+  static auto *words = new std::vector<const char *>;
   while (command_file != nullptr) {
-    if (const char *word = fnextopt(command_file)) return word;
+    if (const char *word = fnextopt(command_file)) {
+      words->push_back(word);
+      return word;
+    }
     std::fclose(command_file);
     command_file = nullptr;
   }
