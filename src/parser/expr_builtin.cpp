@@ -350,7 +350,7 @@ void make_va_operation(an_expr_operator_kind op, a_type *type, an_operand *first
 void scan_builtin_va_start(an_operand *result) {
   an_operand list, parameter;
   scan_va_list(&list);
-  const a_routine *routine = innermost_routine();
+  const a_routine *routine = innermost_function();
   if (list.kind != ok_error &&
       (routine == nullptr || !skip_typerefs(routine->type)->routine_supplement->has_ellipsis))
     error_in_operand(ec_va_start_requires_ellipsis_function, &list);
@@ -564,6 +564,7 @@ void scan_quiet_comparison(int builtin, an_operand *result) {
 bool scan_builtin_call(a_routine *routine, an_operand *function, an_operand *result) {
   void (*scan)(an_operand *) = nullptr;
   int builtin = builtin_function_number(routine);
+  bool is_atomic = false;
   switch (builtin) {
     case bi_isgreater:
     case bi_isgreaterequal:
@@ -599,7 +600,8 @@ bool scan_builtin_call(a_routine *routine, an_operand *function, an_operand *res
       scan = scan_va_arg_pack;
       break;
     default:
-      if (!is_generic_atomic_builtin(routine)) return false;
+      is_atomic = is_generic_atomic_builtin(routine);
+      if (!is_atomic) return false;
   }
   change_ref_kinds(function, ref_call);
   a_source_position start = function->start_pos;
@@ -608,7 +610,7 @@ bool scan_builtin_call(a_routine *routine, an_operand *function, an_operand *res
   add_stop_token(tok_comma);
   if (scan != nullptr)
     scan(result);
-  else if (is_generic_atomic_builtin(routine))
+  else if (is_atomic)
     scan_generic_atomic(routine, &start, result);
   else
     scan_quiet_comparison(builtin, result);

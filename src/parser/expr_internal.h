@@ -37,8 +37,6 @@ void scan_operators(an_operand *operand, int level);
 
 // Operands (expr_primary.cpp).
 void scan_primary(an_operand *result);
-// The function whose body is being read; null: outside of functions.
-a_routine *innermost_routine();
 // "(" is the current token: a cast, a compound literal, a statement expression, or parentheses.
 void scan_parenthesis(an_operand *result);
 // The same as the operand of sizeof: "(type)" with no "{" behind it gives an ok_type operand.

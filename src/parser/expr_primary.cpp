@@ -20,10 +20,6 @@
 #include "semantics/types.h"
 #include "source/literals.h"
 
-a_routine *innermost_routine() {
-  return innermost_function_scope != nullptr ? innermost_function_scope->assoc.routine : nullptr;
-}
-
 namespace {
 
 // The variables behind __func__ and its kin: one for each function, made when it is first named.
@@ -57,7 +53,7 @@ a_variable *make_function_name_variable(a_routine *routine) {
 }
 
 void scan_function_name(an_operand *result) {
-  a_routine *routine = innermost_routine();
+  a_routine *routine = innermost_function();
   if (routine == nullptr) {
     a_constant empty;
     clear_constant(&empty, ck_string);

@@ -13,7 +13,7 @@ import sys
 
 ROW = re.compile(r'^ERROR_ROW\((\d+), (\w+),\s*(nullptr|"|$)')
 USE = re.compile(r'\bec_(\w+)')
-EXPECTED = re.compile(r'#(\d+)\b')
+EXPECTED = re.compile(r'(?:error|warning|remark|advice) #(\d+)')
 
 
 def text_of(path):
