@@ -510,7 +510,8 @@ void lower_builtin_operation(an_expr_node *call, int builtin) {
       lower_frame_address(call);
       break;
     case bi_prefetch:
-      become_void(call, argument(call, 1));
+      keep_first_argument(call);
+      become_void(call, moved_node(call));
       break;
     case bi_memcpy:
       become_memory_copy(call);

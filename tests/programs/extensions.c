@@ -213,6 +213,11 @@ int main(void) {
     printf("%x %x %llx\n", (unsigned)__builtin_bswap32(word), __builtin_bswap16(half),
            (unsigned long long)__builtin_bswap64(wide));
   }
+  {
+    int steps = 0;
+    __builtin_prefetch(text, steps++), __builtin_prefetch(&text[steps++]);
+    printf("%d\n", steps);
+  }
   if (i == 1000) __builtin_unreachable();
   printf("%d %d %d\n", ({ 5; }), ({
            int k = 6;
