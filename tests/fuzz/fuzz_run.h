@@ -1,0 +1,35 @@
+// One run of the front end for each input, in a child process of the fuzzer.
+//
+// The front end has global state and ends by exit, so an input gets a fork: what it sees is what a
+// process of its own would see, and nothing leaks from one input to the next. The coverage counters
+// lie in memory that parent and child share; that is all that has to come back. Resetting the state
+// in place would be faster by a factor of two or three, but every difference between the first and
+// a later start would be a finding of its own.
+#ifndef FUZZ_RUN_H
+#define FUZZ_RUN_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+// The folder of this fuzzer, in memory, and the current one: what is named without a folder lies in
+// it. It is emptied of everything but the files written here before each run.
+void write_input_file(const char *name, const char *text, std::size_t length);
+
+// How far a run goes.
+enum a_fuzz_depth {
+  fd_command_line,  // the options only
+  fd_tokens,        // all tokens of the source
+  fd_compilation,   // everything, as the options say
+};
+
+// Runs the front end with these words as its command line. Ends the fuzzer when the run ends in a
+// way in which no compilation may end: a signal, a finding of a sanitizer, an exception, too much
+// time or memory.
+void run_front_end(const std::vector<std::string> &words, a_fuzz_depth depth);
+
+// The words of one of a few dialects, chosen by a byte of the input.
+std::vector<std::string> dialect_words(std::uint8_t choice);
+
+#endif
