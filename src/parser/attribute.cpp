@@ -209,6 +209,20 @@ bool gnu_attribute_is_supported(const char *name) {
   return find_attribute_row(name, length, asx_gnu, nullptr) != nullptr;
 }
 
+const char *cpp_attribute_version(const char *scope, const char *name) {
+  static constexpr struct {
+    const char *name;
+    const char *version;
+  } versions[] = {{"noreturn", "200809"},    {"carries_dependency", "200809"},
+                  {"deprecated", "201309"},  {"nodiscard", "201603"},
+                  {"fallthrough", "201603"}, {"maybe_unused", "201603"}};
+  if (find_attribute_row(name, std::strlen(name), asx_std, scope) == nullptr) return "0";
+  if (scope == nullptr)
+    for (const auto &row : versions)
+      if (std::strcmp(row.name, name) == 0) return row.version;
+  return "1";
+}
+
 // ---- Lists -------------------------------------------------------------------------------------
 
 an_attribute **f_last_attribute_link(an_attribute **list) {

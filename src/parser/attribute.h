@@ -73,6 +73,9 @@ bool packed_attribute_allowed_on_type(const a_type *type);
 bool check_transparent_union(a_type *type, const a_source_position *position);
 void copy_gnu_type_properties(a_type *target, const a_type *source);
 bool gnu_attribute_is_supported(const char *name);  // __has_attribute
+// The answer to __has_cpp_attribute as a number's text: the month of the standard that has the
+// attribute, 1 for one of a vendor, 0 for one not known here. `scope` null: none.
+const char *cpp_attribute_version(const char *scope, const char *name);
 
 // ---- Aliases and external names ----------------------------------------------------------------
 

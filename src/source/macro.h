@@ -36,6 +36,7 @@ enum a_magic_macro : std::uint8_t {
   mm_has_extension,
   mm_has_attribute,
   mm_has_builtin,
+  mm_has_cpp_attribute,
   mm_has_include,
   mm_has_include_next,
 };

@@ -17,6 +17,7 @@
 
 // Part of the attribute table's face.
 bool gnu_attribute_is_supported(const char *name);
+const char *cpp_attribute_version(const char *scope, const char *name);
 
 namespace {
 
@@ -169,13 +170,73 @@ bool answer_question(a_magic_macro magic, const char *name, std::size_t length) 
   return gnu_attribute_is_supported(copy_string_to_region(0, name, length));
 }
 
+// An argument of the form [scope ::] name, whose words take parts of the text, without the double
+// underscores around them.
+struct an_attribute_question {
+  const char *scope;  // null: none
+  std::size_t scope_length;
+  const char *name;
+  std::size_t name_length;
+};
+
+void drop_underscores(const char **name, std::size_t *length) {
+  if (*length < 5 || *length > 63 || std::strncmp(*name, "__", 2) != 0 ||
+      std::strncmp(*name + *length - 2, "__", 2) != 0)
+    return;
+  *name += 2;
+  *length -= 4;
+}
+
+// Reads the question from the text of an argument. False: it has another form.
+bool scan_attribute_question(const char *text, std::size_t length, an_attribute_question *out) {
+  const char *end = text + length;
+  auto skip = [&] {
+    while (text != end && (*text == ' ' || *text == '\0'))
+      text += *text == '\0' ? 2 : 1;
+  };
+  auto word = [&](const char **start, std::size_t *size) {
+    skip();
+    *start = text;
+    while (text != end && *text != ' ' && *text != ':' && *text != '\0')
+      ++text;
+    *size = static_cast<std::size_t>(text - *start);
+    bool valid = is_valid_identifier(*start, *size, nullptr, nullptr);
+    drop_underscores(start, size);
+    skip();
+    return valid;
+  };
+  *out = {};
+  if (!word(&out->name, &out->name_length)) return false;
+  if (text == end) return true;
+  if (end - text < 2 || std::memcmp(text, "::", 2) != 0) return false;
+  text += 2;
+  out->scope = out->name;
+  out->scope_length = out->name_length;
+  return word(&out->name, &out->name_length) && text == end;
+}
+
+// __has_cpp_attribute([scope ::] name)
+const char *attribute_question_text(const char *text, std::size_t text_length,
+                                    const a_source_position *pos, std::size_t *length) {
+  an_attribute_question question;
+  if (scan_attribute_question(text, text_length, &question))
+    return text_of(
+        cpp_attribute_version(question.scope == nullptr
+                                  ? nullptr
+                                  : copy_string_to_region(0, question.scope, question.scope_length),
+                              copy_string_to_region(0, question.name, question.name_length)),
+        length);
+  pos_diagnostic(es_discretionary_error, ec_feature_test_macro_req_id, pos);
+  return truth(false, length);
+}
+
 // __has_feature(name): the argument is expanded like that of any macro.
 const char *question_text(a_symbol *macro_symbol, const a_macro_def *def,
                           const a_source_position *pos, std::size_t *length) {
   if (!left_paren_is_next()) return nullptr;
   bool failed;
   a_macro_arg *args = scan_macro_args(macro_symbol, def, pos, &failed);
-  bool answer = false;
+  const char *text = nullptr;
   if (!failed) {
     bool raw = args->expanded_is_raw || (clang_mode && clang_version < 30300);
     const char *name = raw ? args->raw.text : args->expanded.text;
@@ -184,19 +245,17 @@ const char *question_text(a_symbol *macro_symbol, const a_macro_def *def,
       name += 2;
       name_length -= 2;
     }
-    if (!is_valid_identifier(name, name_length, nullptr, nullptr)) {
+    if (def->magic == mm_has_cpp_attribute) {
+      text = attribute_question_text(name, name_length, pos, length);
+    } else if (!is_valid_identifier(name, name_length, nullptr, nullptr)) {
       pos_diagnostic(es_discretionary_error, ec_feature_test_macro_req_id, pos);
     } else {
-      if (name_length >= 5 && name_length <= 63 && std::strncmp(name, "__", 2) == 0 &&
-          std::strncmp(name + name_length - 2, "__", 2) == 0) {
-        name += 2;
-        name_length -= 4;
-      }
-      answer = answer_question(def->magic, name, name_length);
+      drop_underscores(&name, &name_length);
+      text = truth(answer_question(def->magic, name, name_length), length);
     }
   }
   free_macro_args(args);
-  return truth(answer, length);
+  return text != nullptr ? text : truth(false, length);
 }
 
 // What stands in place of the operand goes with the operator.
@@ -341,6 +400,7 @@ const char *magic_macro_text(a_symbol *macro_symbol, const a_macro_def *def,
     case mm_has_extension:
     case mm_has_attribute:
     case mm_has_builtin:
+    case mm_has_cpp_attribute:
       return question_text(macro_symbol, def, pos, length);
     case mm_has_include:
     case mm_has_include_next:

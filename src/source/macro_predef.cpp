@@ -177,7 +177,7 @@ static void enter_magic_macro(const char *name, a_magic_macro magic) {
   a_macro_def *def = macro_def_of(new_macro_symbol(header, &pos));
   def->flags = mf_object_like | mf_predefined | mf_not_for_listing;
   def->magic = magic;
-  if (magic < mm_has_feature || magic > mm_has_builtin) return;
+  if (magic < mm_has_feature || magic > mm_has_cpp_attribute) return;
   static a_macro_param question_param = {nullptr, "name", 4, true, true};
   def->num_params = 1;
   def->params = &question_param;
@@ -197,6 +197,9 @@ void enter_magic_macros() {
   enter_magic_macro("__has_extension", mm_has_extension);
   enter_magic_macro("__has_attribute", mm_has_attribute);
   enter_magic_macro("__has_builtin", mm_has_builtin);
+  // Foreign libraries for newer C++ ask without a test.
+  if (in_cplusplus() && (clang_mode ? clang_version >= 30600 : gnu_mode && gnu_version >= 50000))
+    enter_magic_macro("__has_cpp_attribute", mm_has_cpp_attribute);
   enter_magic_macro("__has_include_next", mm_has_include_next);
   enter_magic_macro("__has_include", mm_has_include);
 }

@@ -237,10 +237,14 @@ void pp_pragma_directive() {
   a_source_position name_position;
   source_position_at(curr_char_loc, &name_position);
   a_pragma_kind_description *description = look_up_pragma_id(&name_position);
-  bool hidden_from_output = description != nullptr &&
-                            (pragma_is_push_or_pop_macro(description) ||
-                             (output_only && curr_ise->is_include && pragma_is_once(description)));
-  if (output_only && !(description != nullptr && pragma_is_preprocessor_mode(description))) {
+  bool is_system_header = description != nullptr && pragma_is_gcc_system_header(description);
+  bool hidden_from_output =
+      description != nullptr &&
+      (pragma_is_push_or_pop_macro(description) ||
+       (output_only &&
+        (is_system_header || (curr_ise->is_include && pragma_is_once(description)))));
+  if (output_only && !is_system_header &&
+      !(description != nullptr && pragma_is_preprocessor_mode(description))) {
     drop_rest_of_line();
   } else {
     record_pragma(description, &pos_of_directive, &name_position, false);

@@ -221,6 +221,17 @@ bool pragma_is_once(const a_pragma_kind_description *description) {
   return description->kind == prk_once;
 }
 
+bool pragma_is_gcc_system_header(const a_pragma_kind_description *description) {
+  if (description->kind != prk_GCC) return false;
+  static constexpr char word[] = "system_header";
+  int length;
+  const char *loc = curr_char_loc;
+  while (*loc == ' ' || *loc == '\t')
+    ++loc;
+  return std::strncmp(loc, word, sizeof word - 1) == 0 &&
+         !f_is_identifier_char(loc + sizeof word - 1, false, &length);
+}
+
 bool pragma_must_be_directive(const a_pragma_kind_description *description) {
   return description->kind == prk_hdrstop || description->kind == prk_no_pch;
 }

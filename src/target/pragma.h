@@ -94,6 +94,8 @@ void record_pragma(a_pragma_kind_description *description,
 bool pragma_is_preprocessor_mode(const a_pragma_kind_description *description);
 bool pragma_is_push_or_pop_macro(const a_pragma_kind_description *description);
 bool pragma_is_once(const a_pragma_kind_description *description);
+// GCC system_header: the name has been read, the rest of the line stands at curr_char_loc.
+bool pragma_is_gcc_system_header(const a_pragma_kind_description *description);
 // A pragma that may not be written with _Pragma.
 bool pragma_must_be_directive(const a_pragma_kind_description *description);
 // A lint comment in front of the next token.

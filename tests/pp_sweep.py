@@ -1,0 +1,117 @@
+#!/usr/bin/env python3
+"""Preprocesses real headers and sources with qxparse and with arm-none-eabi-gcc, both with the macros
+that the latter predefines, and tells where the streams of tokens differ. White space and line
+markers do not count.
+
+usage: pp_sweep.py QXPARSE WORK_DIR [--c++] FILE_OR_FOLDER ... [-- OPTION ...]
+
+A header (a file without suffix or with .h, .hh, .hpp, .tcc) is included by a file of its own. The
+options behind "--" (-I..., -D...) go to both programs. A file that the other compiler refuses is
+skipped. Prints one line for each file that differs, with the first tokens that do, and a count.
+"""
+import concurrent.futures
+import os
+import re
+import subprocess
+import sys
+
+HEADER = ('', '.h', '.hh', '.hpp', '.tcc')
+SOURCE = ('.c', '.cc', '.cpp')
+TOKEN = re.compile(r'''(?:u8|[uUL])?R"(?P<d>[^()\\\s]{0,16})\(.*?\)(?P=d)"\w*
+    |(?:u8|[uUL])?"(?:[^"\\\n]|\\.)*"\w*|(?:u8|[uUL])?'(?:[^'\\\n]|\\.)*'\w*
+    |\.?\d(?:[eEpP][+-]|'\w|[\w.])*|(?:[^\W\d]|[$])[\w$]*
+    |%:%:|\.\.\.|<<=|>>=|->\*|<=>|::|\.\*|\#\#|->|\+\+|--|<<|>>|<=|>=|==|!=|&&|\|\||[-*/%+&^|]=|<:|:>|<%|%>|%:|\S''',
+                   re.X | re.S)
+
+
+def run(command, cwd=None):
+    done = subprocess.run(command, capture_output=True, timeout=120, cwd=cwd)
+    return done.returncode, done.stdout.decode('utf-8', 'replace'), done.stderr.decode('utf-8', 'replace')
+
+
+def tokens(text):
+    """The tokens of preprocessed text; line markers go, pragmas stay. A splice that stands in a literal
+    as it stood in the source joins its lines, as it does for whoever reads the text."""
+    lines = [line for line in text.replace('\\\n', '').split('\n') if not re.match(r'\s*#\s*(line\b|\d)', line)]
+    return [m.group(0) for m in TOKEN.finditer('\n'.join(lines))]
+
+
+def same_macros(qxparse, ours, theirs, work):
+    """A file that takes our predefined macros away and defines those of the other compiler."""
+    empty = os.path.join(work, 'empty.c')
+    open(empty, 'w').close()
+    # a predefined macro may only be taken away in GNU mode, and the file-bound ones are the same anyway
+    names = [line.split()[1].split('(')[0] for line in run([qxparse, *ours, '--list_macros', '-E', empty])[1].split('\n')
+             if line.startswith('#define ')]
+    path = os.path.join(work, 'same_macros.h')
+    with open(path, 'w') as out:
+        out.write(''.join(f'#undef {name}\n' for name in names))
+        out.write(run([*theirs, '-dM', empty])[1])
+        # each program answers for itself what it has: here nothing
+        out.write(''.join(f'#undef __has_{what}\n#define __has_{what}(x) 0\n' for what in ('attribute', 'cpp_attribute', 'builtin', 'feature', 'extension')))
+    return path
+
+
+def main():
+    arguments = sys.argv[1:]
+    extra = []
+    if '--' in arguments:
+        extra = arguments[arguments.index('--') + 1:]
+        arguments = arguments[:arguments.index('--')]
+    cxx = '--c++' in arguments
+    arguments = [a for a in arguments if a != '--c++']
+    if len(arguments) < 3:
+        sys.exit(__doc__)
+    qxparse, work = (os.path.abspath(a) for a in arguments[:2])
+    os.makedirs(work, exist_ok=True)
+    language = ['-x', 'c++', '-std=gnu++14'] if cxx else ['-x', 'c', '-std=gnu11']
+    theirs = ['arm-none-eabi-gcc', '-E', '-P', *language]
+    ours = ['--c++14', '--g++', '--gnu_version=120201'] if cxx else ['--c11', '--gcc', '--gnu_version=120201']
+    search = run(['arm-none-eabi-gcc', '-v', '-E', *language, '/dev/null'])[2]
+    folders = search.split('<...> search starts here:\n')[1].split('End of search')[0].split('\n')
+    folders = [f'-I{f.strip()}' for f in folders if f.strip()]
+    macros = same_macros(qxparse, ours, theirs, work)
+    ours.append('--preinclude_macros=' + macros)
+    theirs += ['-w', '-imacros', macros]
+    paths = []
+    for a in arguments[2:]:
+        if os.path.isdir(a):
+            for folder, _, names in sorted(os.walk(a)):
+                paths += [os.path.join(folder, n) for n in sorted(names)]
+        else:
+            paths.append(a)
+    paths = [p for p in paths if os.path.splitext(p)[1] in HEADER + SOURCE]
+
+    def compare(job):
+        number, path = job
+        subject = os.path.abspath(path)
+        if os.path.splitext(path)[1] in HEADER:
+            subject = os.path.join(work, f'unit{number}.cc' if cxx else f'unit{number}.c')
+            with open(subject, 'w') as out:
+                out.write(f'#include "{os.path.abspath(path)}"\n')
+        own = [e.replace('@', os.path.dirname(os.path.abspath(path))) for e in extra]
+        status, expected, _ = run([*theirs, *own, subject])
+        if status != 0:
+            return path, 'refused', ''
+        status, text, messages = run([qxparse, '-E', '-P', *ours, *own, *folders, subject])
+        a, b = tokens(expected), tokens(text)
+        if a == b and status in (0, 1):
+            return path, 'equal', len(a)
+        where = next((i for i in range(min(len(a), len(b))) if a[i] != b[i]), min(len(a), len(b)))
+        note = messages.split('\n')[0] if status not in (0, 1) else ''
+        return path, 'differs', f'{note} expected {" ".join(a[where - 3:where + 5])} | found {" ".join(b[where - 3:where + 5])}'
+
+    with concurrent.futures.ThreadPoolExecutor(2) as pool:
+        results = list(pool.map(compare, enumerate(paths)))
+    count = {kind: sum(1 for r in results if r[1] == kind) for kind in ('refused', 'equal', 'differs')}
+    for path, kind, text in results:
+        if kind == 'differs':
+            print(f'{path}: {text}'[:400])
+    total = sum(r[2] for r in results if r[1] == 'equal')
+    print(f'{len(paths)} files, {count["refused"]} refused by the other compiler, {count["equal"]} equal '
+          f'({total} tokens), {count["differs"]} differ')
+    return 1 if count['differs'] else 0
+
+
+if __name__ == '__main__':
+    sys.exit(main())
