@@ -1,0 +1,2 @@
+#pragma once
+int text_length(const char *text);
