@@ -2,7 +2,9 @@
 """Measures qxparse beside other compilers: the same input, runs interleaved, medians.
 
 usage: compare.py QXPARSE compare FILE.c [ROUNDS] [OPTION ...]   time and memory beside others
+       compare.py QXPARSE preprocess FILE.c [ROUNDS] [OPTION ...] the same for preprocessing only
        compare.py QXPARSE series [ROUNDS]                        growth with each kind of thing
+       compare.py QXPARSE preprocess_series [ROUNDS]             the same for preprocessing only
        compare.py QXPARSE start [ROUNDS]                         an empty file
 
 Compilers that are not installed are left out. Options go to every compiler (-I, -D).
@@ -37,6 +39,20 @@ def interleaved(commands, rounds):
     return results
 
 
+def report(path, rounds, candidates, first):
+    """Runs what is installed of (name, command) and prints a table; ratios are to `first`."""
+    commands = [(name, command) for name, command in candidates if shutil.which(command[0])]
+    results = interleaved(commands, rounds)
+    base = statistics.median(r[0] for r in results[first])
+    print(f'{os.path.basename(path)}: {sum(1 for _ in open(path, errors="replace"))} lines, {rounds} rounds')
+    for name, runs in results.items():
+        median = statistics.median(r[0] for r in runs)
+        memory = max(r[1] for r in runs)
+        status = {r[2] for r in runs}
+        note = '' if status == {0} else f'  status {sorted(status)}'
+        print(f'  {name:34} {median * 1000:9.1f} ms  {median / base:6.2f} x  {memory / 1024:7.1f} MB{note}')
+
+
 def compare(qxparse, path, rounds, options, directory):
     ours = [qxparse, *OURS, *options]
     output = os.path.join(directory, 'out')
@@ -48,16 +64,36 @@ def compare(qxparse, path, rounds, options, directory):
         ('clang -O0 -c', ['clang', '-std=gnu11', '-w', *options, '--target=arm-none-eabi', '-O0', '-c', path, '-o', output + '.o']),
         ('tcc -c', ['tcc', '-w', *options, '-c', path, '-o', output + '.tcc.o']),
     ]
-    commands = [(name, command) for name, command in candidates if shutil.which(command[0])]
-    results = interleaved(commands, rounds)
-    base = statistics.median(r[0] for r in results['qxparse -n'])
-    print(f'{os.path.basename(path)}: {sum(1 for _ in open(path, errors="replace"))} lines, {rounds} rounds')
-    for name, runs in results.items():
+    report(path, rounds, candidates, 'qxparse -n')
+
+
+def preprocess(qxparse, path, rounds, options, directory):
+    output = os.path.join(directory, 'out.i')
+    report(path, rounds, [
+        ('qxparse -E', [qxparse, '--c11', '--gcc', '--no_warnings', *options, '-E', f'--pp_output_file={output}', path]),
+        ('arm-none-eabi-gcc -E', ['arm-none-eabi-gcc', '-std=gnu11', '-w', *options, '-E', path, '-o', output]),
+        ('clang -E', ['clang', '-std=gnu11', '-w', *options, '--target=arm-none-eabi', '-E', path, '-o', output]),
+        ('tcc -E', ['tcc', '-w', *options, '-E', path, '-o', output]),
+    ], 'qxparse -E')
+
+
+def growth(qxparse, form, sizes, rounds, directory, generator, options):
+    """One row of a series: the median for each size."""
+    commands = []
+    for size in sizes:
+        path = os.path.join(directory, f'{form}-{size}.c')
+        folder = [os.path.join(directory, f'{form}-{size}')] if generator == 'generate_pp.py' else []
+        with open(path, 'w') as stream:
+            subprocess.run([sys.executable, os.path.join(HERE, generator), form, str(size), *folder],
+                           stdout=stream, check=True)
+        commands.append((size, [qxparse, *options(path), *(f'-I{f}' for f in folder), path]))
+    row = []
+    for size, runs in interleaved(commands, rounds).items():
         median = statistics.median(r[0] for r in runs)
-        memory = max(r[1] for r in runs)
         status = {r[2] for r in runs}
-        note = '' if status == {0} else f'  status {sorted(status)}'
-        print(f'  {name:34} {median * 1000:9.1f} ms  {median / base:6.2f} x  {memory / 1024:7.1f} MB{note}')
+        row.append(f'{size}: {median * 1000:8.1f} ms ({median / size * 1e6:6.2f} us each, '
+                   f'{max(r[1] for r in runs) / 1024:6.1f} MB)' + ('' if status == {0} else f' status {sorted(status)}'))
+    print(f'{form:15} ' + '   '.join(row))
 
 
 def series(qxparse, rounds, directory):
@@ -67,21 +103,18 @@ def series(qxparse, rounds, directory):
                         ('elements', (100000, 200000, 400000)), ('members', (10000, 20000, 40000)),
                         ('constants', (10000, 20000, 40000)), ('labels', (10000, 20000, 40000)),
                         ('names', (25000, 50000, 100000))):
-        commands = []
-        for size in sizes:
-            path = os.path.join(directory, f'{form}-{size}.c')
-            with open(path, 'w') as stream:
-                subprocess.run([sys.executable, os.path.join(HERE, 'generate.py'), form, str(size)],
-                               stdout=stream, check=True)
-            commands.append((size, [qxparse, *OURS, f'--i_output_file={path}.if', path]))
-        results = interleaved(commands, rounds)
-        row = []
-        for size, runs in results.items():
-            median = statistics.median(r[0] for r in runs)
-            status = {r[2] for r in runs}
-            row.append(f'{size}: {median * 1000:8.1f} ms ({median / size * 1e6:6.2f} us each, '
-                       f'{max(r[1] for r in runs) / 1024:6.1f} MB)' + ('' if status == {0} else f' status {sorted(status)}'))
-        print(f'{form:10} ' + '   '.join(row))
+        growth(qxparse, form, sizes, rounds, directory, 'generate.py',
+               lambda path: [*OURS, f'--i_output_file={path}.if'])
+
+
+def preprocess_series(qxparse, rounds, directory):
+    for form, sizes in (('definitions', (50000, 100000, 200000)), ('invocations', (50000, 100000, 200000)),
+                        ('includes', (2000, 4000, 8000)), ('repeated', (50000, 100000, 200000)),
+                        ('arguments', (100000, 200000, 400000)), ('argument_tokens', (100000, 200000, 400000)),
+                        ('line', (100000, 200000, 400000)), ('nesting', (20000, 40000, 80000)),
+                        ('conditions', (50000, 100000, 200000))):
+        growth(qxparse, form, sizes, rounds, directory, 'generate_pp.py',
+               lambda path: ['--c11', '--gcc', '--no_warnings', '-E', f'--pp_output_file={path}.i'])
 
 
 def start(qxparse, rounds, directory):
@@ -101,6 +134,10 @@ def main():
             path = os.path.abspath(rest[0])
             rounds = int(rest[1]) if len(rest) > 1 else 5
             compare(qxparse, path, rounds, rest[2:], directory)
+        elif form == 'preprocess' and rest:
+            preprocess(qxparse, os.path.abspath(rest[0]), int(rest[1]) if len(rest) > 1 else 5, rest[2:], directory)
+        elif form == 'preprocess_series':
+            preprocess_series(qxparse, int(rest[0]) if rest else 3, directory)
         elif form == 'series':
             series(qxparse, int(rest[0]) if rest else 3, directory)
         elif form == 'start':

@@ -69,7 +69,7 @@ def main():
     ours = ['--c++14', '--g++', '--gnu_version=120201'] if cxx else ['--c11', '--gcc', '--gnu_version=120201']
     search = run(['arm-none-eabi-gcc', '-v', '-E', *language, '/dev/null'])[2]
     folders = search.split('<...> search starts here:\n')[1].split('End of search')[0].split('\n')
-    folders = [f'-I{f.strip()}' for f in folders if f.strip()]
+    folders = [f'-I{os.path.realpath(f.strip())}' for f in folders if f.strip()]
     macros = same_macros(qxparse, ours, theirs, work)
     ours.append('--preinclude_macros=' + macros)
     theirs += ['-w', '-imacros', macros]

@@ -113,7 +113,7 @@ struct a_stored_image {
   std::uint64_t inode;
 };
 
-constexpr std::size_t num_image_buckets = 1024;
+constexpr std::size_t num_image_buckets = 8192;
 a_stored_image *images_by_name[num_image_buckets];
 a_stored_image *images_by_id[num_image_buckets];
 
@@ -139,6 +139,7 @@ char *read_whole_file(int descriptor, std::size_t expected, std::size_t *length)
     if (got < 0 && errno == EINTR) continue;
     if (got <= 0) break;  // a failing read counts as the end of the file
     used += static_cast<std::size_t>(got);
+    if (used == expected) break;
     if (used == capacity) {
       capacity *= 2;
       text = static_cast<char *>(std::realloc(text, capacity + image_padding));

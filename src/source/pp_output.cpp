@@ -92,11 +92,11 @@ void put_char(char c) {
     separator_is_owed = false;
     if (!no_token_separators_in_this_line_of_pp_output && last_char != '\0' &&
         chars_would_join(c)) {
-      std::fputc(' ', f_pp_output);
+      putc_unlocked(' ', f_pp_output);
       last_char = ' ';
     }
   }
-  std::fputc(c, f_pp_output);
+  putc_unlocked(c, f_pp_output);
   char_before_last = last_char;
   last_char = c;
 }
@@ -119,16 +119,16 @@ const char *put_original(const char *p) {
         break;
       case olm_line_splice:
         put_char('\\');
-        std::fputc('\n', f_pp_output);
+        putc_unlocked('\n', f_pp_output);
         ++next_seq_in_pp_output;
         break;
       case olm_newline:
-        std::fputc('\n', f_pp_output);
+        putc_unlocked('\n', f_pp_output);
         ++next_seq_in_pp_output;
         p += 2;
         break;
       case olm_null_char:
-        std::fputc('\0', f_pp_output);
+        putc_unlocked('\0', f_pp_output);
         p += 2;
         break;
     }
@@ -171,6 +171,28 @@ void put_modif(const a_source_line_modif *m) {
   separator_is_owed = true;
 }
 
+// The end of the characters from p on that stand for themselves: the next marker, child or, in the
+// line, record of the original text.
+const char *end_of_plain_text(const char *p, const a_source_line_modif *children, bool is_line) {
+  const char *limit = children != nullptr ? children->loc : nullptr;
+  if (is_line && next_orig_modif != nullptr && next_orig_modif->loc > p &&
+      (limit == nullptr || next_orig_modif->loc < limit))
+    limit = next_orig_modif->loc;
+  if (limit == nullptr || limit < p) return p + std::strlen(p);
+  const void *marker = std::memchr(p, '\0', static_cast<std::size_t>(limit - p));
+  return marker != nullptr ? static_cast<const char *>(marker) : limit;
+}
+
+// At least one character; only the first can join with what is written already.
+void put_plain(const char *p, const char *end) {
+  put_char(*p++);
+  const auto length = static_cast<std::size_t>(end - p);
+  if (length == 0) return;
+  fwrite_unlocked(p, 1, length, f_pp_output);
+  char_before_last = length > 1 ? end[-2] : last_char;
+  last_char = end[-1];
+}
+
 // A text from p to its end, with the children in their places.
 void put_text(const char *p, const a_source_line_modif *children, bool is_line) {
   for (;;) {
@@ -188,7 +210,9 @@ void put_text(const char *p, const a_source_line_modif *children, bool is_line) 
       }
     }
     if (*p != '\0') {
-      put_char(*p++);
+      const char *end = end_of_plain_text(p, children, is_line);
+      put_plain(p, end);
+      p = end;
       continue;
     }
     p = put_marker(p);
@@ -218,7 +242,7 @@ void synchronize_line() {
     return;
   }
   for (; next_seq_in_pp_output < curr_seq_number; ++next_seq_in_pp_output)
-    if (gen_line_info_in_pp_output) std::fputc('\n', f_pp_output);
+    if (gen_line_info_in_pp_output) putc_unlocked('\n', f_pp_output);
 }
 
 }  // namespace
@@ -238,7 +262,7 @@ void gen_pp_output_for_curr_line() {
     next_orig_modif = orig_line_modif_list;
     put_text(curr_source_line, source_line_modif_list, true);
   }
-  std::fputc('\n', f_pp_output);
+  putc_unlocked('\n', f_pp_output);
   ++next_seq_in_pp_output;
 }
 
@@ -284,19 +308,19 @@ void gen_raw_listing_for_curr_line() {
   static std::uint32_t last_listed;
   if (last_listed == curr_seq_number) return;
   last_listed = curr_seq_number;
-  std::fputc(currently_in_pp_if_skip ? 'S' : 'N', f_raw_listing);
+  putc_unlocked(currently_in_pp_if_skip ? 'S' : 'N', f_raw_listing);
   std::fwrite(curr_source_line, 1,
               static_cast<std::size_t>(end_of_curr_source_line - curr_source_line), f_raw_listing);
-  std::fputc('\n', f_raw_listing);
+  putc_unlocked('\n', f_raw_listing);
 }
 
 void gen_rlisting_line_info(char flag) {
   if (f_raw_listing == nullptr || curr_ise == nullptr) return;
   std::fprintf(f_raw_listing, "L %lu \"", static_cast<unsigned long>(curr_ise->line_number + 1));
   write_file_name(curr_ise->name, f_raw_listing, true, false);
-  std::fputc('"', f_raw_listing);
+  putc_unlocked('"', f_raw_listing);
   if (depth_input_stack != 0) std::fprintf(f_raw_listing, " %c", flag);
-  std::fputc('\n', f_raw_listing);
+  putc_unlocked('\n', f_raw_listing);
 }
 
 // The expanded form, a line that starts with X, only for lines in which something was replaced.
@@ -304,12 +328,12 @@ void gen_expanded_raw_listing_output_for_curr_line(bool) {
   if (f_raw_listing == nullptr || source_line_modif_list == nullptr) return;
   std::FILE *saved = f_pp_output;
   f_pp_output = f_raw_listing;
-  std::fputc('X', f_raw_listing);
+  putc_unlocked('X', f_raw_listing);
   last_char = char_before_last = '\0';
   separator_is_owed = false;
   next_orig_modif = orig_line_modif_list;
   put_text(curr_source_line, source_line_modif_list, true);
-  std::fputc('\n', f_raw_listing);
+  putc_unlocked('\n', f_raw_listing);
   f_pp_output = saved;
 }
 

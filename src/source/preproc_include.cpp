@@ -1,6 +1,8 @@
 // #include: the header name, the search for the file, and what is remembered of files: where a name
 // was found, and whether a file need not be read again.
 
+#include <cerrno>
+
 #include "DIAG/error.h"
 #include "driver/host_envir.h"
 #include "driver/mem_manage.h"
@@ -19,6 +21,7 @@ namespace {
 // What a search found; kept by the entry where it began, that entry's directory, and the name.
 struct a_search_result {
   a_search_result *next;
+  std::uint64_t hash;
   a_directory_name_entry *start;
   const char *start_name;
   const char *name;
@@ -28,7 +31,7 @@ struct a_search_result {
   an_include_file_history *history;
 };
 
-constexpr std::size_t num_search_buckets = 1024;
+constexpr std::size_t num_search_buckets = 8192;
 a_search_result *search_results[num_search_buckets];
 
 // Histories by image: two names of one file share its text, and so its history.
@@ -41,10 +44,23 @@ a_history_entry *histories[num_search_buckets];
 
 a_text_buffer *name_buffer;
 
-std::size_t hash_of_search(const a_directory_name_entry *start, const char *name) {
-  std::uint64_t hash = reinterpret_cast<std::uintptr_t>(start);
-  for (; *name != '\0'; ++name)
-    hash = (hash ^ static_cast<unsigned char>(*name)) * 1099511628211u;
+// Directories that names with a slash led to, and whether they exist: a name like "sys/types.h" is
+// looked for beside every file that includes it, and mostly in vain.
+struct a_known_directory {
+  a_known_directory *next;
+  const char *name;
+  std::size_t length;
+  bool exists;
+};
+a_known_directory *known_directories[num_search_buckets];
+
+std::uint64_t hash_of_text(std::uint64_t hash, const char *text, std::size_t length) {
+  for (std::size_t i = 0; i != length; ++i)
+    hash = (hash ^ static_cast<unsigned char>(text[i])) * 1099511628211u;
+  return hash;
+}
+
+std::size_t bucket_of_hash(std::uint64_t hash) {
   return (hash >> 20) % num_search_buckets;
 }
 
@@ -71,14 +87,43 @@ an_include_file_history *history_of_image(const a_file_image *image, const char 
 
 struct a_search {
   const char *name;
+  std::uint64_t hash;  // of the directory where the search starts and the name
   a_directory_name_entry *start;
   a_search_result *result;  // in the cache, or a record outside it
   an_open_file_result failure;
 };
 
+bool directory_exists(const char *name, std::size_t length) {
+  a_known_directory **bucket = &known_directories[bucket_of_hash(hash_of_text(0, name, length))];
+  for (a_known_directory *d = *bucket; d != nullptr; d = d->next)
+    if (d->length == length && std::memcmp(d->name, name, length) == 0) return d->exists;
+  a_known_directory *known =
+      static_cast<a_known_directory *>(alloc_in_region(0, sizeof(a_known_directory)));
+  const char *copy = copy_string_to_region(0, name, length);
+  *known = {*bucket, copy, length, is_directory(copy)};
+  *bucket = known;
+  return known->exists;
+}
+
+// The file with this name, or null. A name with a directory that does not exist is not tried.
+a_file_image *open_candidate(const char *full_name, const char *written_name,
+                             an_open_file_result *failure) {
+  if (std::strchr(written_name, '/') != nullptr) {
+    const char *slash = std::strrchr(full_name, '/');
+    if (slash != full_name &&
+        !directory_exists(full_name, static_cast<std::size_t>(slash - full_name))) {
+      *failure = {};
+      failure->flags = off_does_not_exist;
+      failure->errno_value = ENOENT;
+      return nullptr;
+    }
+  }
+  return image_of_source_file(full_name, failure);
+}
+
 bool try_file(const char *full_name, a_directory_name_entry *dir, a_search *search) {
   an_open_file_result failure;
-  a_file_image *image = image_of_source_file(full_name, &failure);
+  a_file_image *image = open_candidate(full_name, search->name, &failure);
   if (image == nullptr) {
     if (failure.flags != off_does_not_exist || search->failure.flags == 0)
       search->failure = failure;
@@ -88,6 +133,7 @@ bool try_file(const char *full_name, a_directory_name_entry *dir, a_search *sear
       static_cast<a_search_result *>(alloc_in_region(0, sizeof(a_search_result)));
   const char *kept_name = permanent_copy(full_name);
   *result = {nullptr,
+             search->hash,
              search->start,
              search->start != nullptr ? permanent_copy(search->start->name) : "",
              permanent_copy(search->name),
@@ -123,9 +169,9 @@ bool try_in_directory(a_directory_name_entry *dir, a_search *search) {
 }
 
 a_search_result *find_cached_search(const a_search *search) {
-  for (a_search_result *r = search_results[hash_of_search(search->start, search->name)];
-       r != nullptr; r = r->next)
-    if (r->start == search->start && std::strcmp(r->name, search->name) == 0 &&
+  for (a_search_result *r = search_results[bucket_of_hash(search->hash)]; r != nullptr; r = r->next)
+    if (r->hash == search->hash && r->start == search->start &&
+        std::strcmp(r->name, search->name) == 0 &&
         std::strcmp(r->start_name, search->start->name) == 0)
       return r;
   return nullptr;
@@ -141,6 +187,8 @@ bool find_on_search_path(const an_include_request *request, a_search *search) {
     search->failure.flags = off_does_not_exist;
     return false;
   }
+  search->hash = hash_of_text(0, search->start->name, std::strlen(search->start->name));
+  search->hash = hash_of_text(search->hash, search->name, std::strlen(search->name));
   search->result = find_cached_search(search);
   if (search->result != nullptr) return true;
   const char *last_dir = nullptr;
@@ -148,7 +196,7 @@ bool find_on_search_path(const an_include_request *request, a_search *search) {
     if (last_dir != nullptr && std::strcmp(last_dir, d->name) == 0) continue;
     last_dir = d->name;
     if (!try_in_directory(d, search)) continue;
-    a_search_result **bucket = &search_results[hash_of_search(search->start, search->name)];
+    a_search_result **bucket = &search_results[bucket_of_hash(search->hash)];
     search->result->next = *bucket;
     *bucket = search->result;
     return true;
