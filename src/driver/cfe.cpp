@@ -2,12 +2,15 @@
 //
 // The parser, the instances of templates and the interpreter of constants recurse as deep as the
 // program that they read asks for. So everything runs on 512 MiB of address space, of which only
-// what is touched becomes memory; a page without access lies below, so that an overflow is a fault
-// that can be told.
+// what is touched becomes memory. The recursions that a source drives directly count their depth
+// and stop with a message of their own; for all others there is a stretch without access below the
+// stack, and a fault there ends the compilation as a program that is too large.
 #include "driver/cfe.h"
 
+#include <fcntl.h>
 #include <sys/mman.h>
 #include <ucontext.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -21,6 +24,7 @@
 #include "driver/fe_init.h"
 #include "driver/fe_wrapup.h"
 #include "driver/host_envir.h"
+#include "driver/mem_manage.h"
 #include "driver/signals.h"
 #include "driver/switches.h"
 #include "driver/trans_unit.h"
@@ -32,12 +36,13 @@ char **sys_argv;
 
 namespace {
 
-constexpr std::size_t front_end_stack_size = std::size_t{512} << 20;
+constexpr std::size_t largest_stack_size = std::size_t{512} << 20;
+constexpr std::size_t least_stack_size = std::size_t{4} << 20;
+constexpr std::size_t stack_guard_size = std::size_t{1} << 20;  // more than any one frame
 
 [[noreturn]] void stop_on_exception(const std::exception &exception) {
   std::fprintf(stderr, "Unhandled exception: %s\n\n", exception.what());
   print_support_message();
-  unlink_begun_outputs();
   std::exit(1);
 }
 
@@ -98,33 +103,51 @@ void compile_on_front_end_stack() {
 }
 #endif
 
-// A stack with a page below it that nobody may touch; null when there is no address space for it.
-void *map_front_end_stack() {
+// A stack with a guard below it, as large as may be; null when there is no address space for it.
+void *map_front_end_stack(std::size_t *size) {
   const std::size_t page = get_page_size();
-  void *stack = mmap(nullptr, front_end_stack_size, PROT_READ | PROT_WRITE,
-                     MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE | MAP_STACK, -1, 0);
-  if (stack == MAP_FAILED) return nullptr;
-  mprotect(stack, page, PROT_NONE);
-  return stack;
+  for (*size = share_of_address_space(largest_stack_size) / page * page; *size >= least_stack_size;
+       *size = *size / 2 / page * page) {
+    void *stack = mmap(nullptr, *size, PROT_READ | PROT_WRITE,
+                       MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE | MAP_STACK, -1, 0);
+    if (stack == MAP_FAILED) continue;
+    mprotect(stack, stack_guard_size, PROT_NONE);
+    return stack;
+  }
+  return nullptr;
+}
+
+// A standard stream that the caller closed must not become the next file that is opened: its
+// number is taken by one that cannot be used that way, so that reads and writes fail.
+void take_closed_standard_streams() {
+  for (int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(descriptor, F_GETFD) != -1) continue;
+    const int taken = open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    if (taken != descriptor && taken >= 0) close(taken);
+  }
 }
 
 }  // namespace
 
 void run_compilation(int argc, char **argv) {
+  take_closed_standard_streams();
   install_common_handlers(primary_signal_handler, nullptr);
   install_signal_stack();
+  std::atexit(unlink_begun_outputs);
   sys_argc = argc;
   sys_argv = argv;
   f_error = stderr;
 
   static ucontext_t front_end;
-  void *stack = map_front_end_stack();
+  std::size_t stack_size;
+  auto *stack = static_cast<char *>(map_front_end_stack(&stack_size));
   if (stack != nullptr && getcontext(&front_end) == 0) {
     front_end.uc_stack.ss_sp = stack;
-    front_end.uc_stack.ss_size = front_end_stack_size;
+    front_end.uc_stack.ss_size = stack_size;
     front_end.uc_link = nullptr;
     makecontext(&front_end, compile_on_front_end_stack, 0);
-    announce_stack(stack, front_end_stack_size);
+    install_stack_guard(stack, stack + stack_guard_size);
+    announce_stack(stack, stack_size);
     setcontext(&front_end);
   }
   compile();  // without the large stack, the ordinary one has to do

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
 #include <clocale>
 #include <cstdlib>
 #include <cstring>
@@ -229,13 +230,18 @@ constexpr int max_begun_outputs = 8;
 constexpr std::size_t max_output_name = 4096;
 char begun_outputs[max_begun_outputs][max_output_name];  // an empty name: a free slot
 
+// Where a name leads to: behind a symbolic link it is the file that must not stay.
+bool find_place_of_output(const char *name, char (&place)[max_output_name]) {
+  static_assert(max_output_name >= PATH_MAX);
+  return realpath(name, place) != nullptr;
+}
+
 }  // namespace
 
 void note_begun_output(const char *name) {
-  if (std::strlen(name) >= max_output_name) return;
   for (auto &slot : begun_outputs) {
     if (slot[0] == '\0') {
-      std::strcpy(slot, name);
+      if (!find_place_of_output(name, slot)) slot[0] = '\0';
       return;
     }
   }
@@ -243,8 +249,10 @@ void note_begun_output(const char *name) {
 }
 
 void forget_begun_output(const char *name) {
+  char place[max_output_name];
+  if (!find_place_of_output(name, place)) return;
   for (auto &slot : begun_outputs) {
-    if (std::strcmp(slot, name) == 0) slot[0] = '\0';
+    if (std::strcmp(slot, place) == 0) slot[0] = '\0';
   }
 }
 
@@ -367,8 +375,7 @@ void exit_compilation(int severity) {
       std::fflush(f_error);
       std::abort();
   }
-  if (status != 0) unlink_begun_outputs();
-  std::exit(status);
+  std::exit(status);  // what is begun goes away with it
 }
 
 // ---- Phases ------------------------------------------------------------------------------------

@@ -7,6 +7,8 @@
 // handed out.
 #include "driver/mem_manage.h"
 
+#include <sys/resource.h>
+
 #include <algorithm>
 #include <bit>
 #include <climits>
@@ -14,6 +16,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
+#include <new>
 
 #include "DIAG/error.h"
 #include "UTIL/basics.h"
@@ -53,9 +56,13 @@ struct alignas(16) a_general_allocation {
 a_general_allocation *general_allocations;
 a_general_allocation *resizable_allocations;
 
+// Kept back so that the end can be told when nothing else is left.
+constexpr std::size_t size_of_reserve = 64 * 1024;
+void *reserve_for_the_end;
+
 void *malloc_or_stop(std::size_t size) {
   void *result = std::malloc(size != 0 ? size : 1);
-  if (result == nullptr) catastrophe(ec_out_of_memory);
+  if (result == nullptr) stop_out_of_memory();
   return result;
 }
 
@@ -192,6 +199,21 @@ void grow_function_def_table(std::size_t new_size) {
 }
 
 }  // namespace
+
+// ---- Limits ------------------------------------------------------------------------------------
+
+void stop_out_of_memory() {
+  std::free(reserve_for_the_end);
+  reserve_for_the_end = nullptr;
+  catastrophe(ec_out_of_memory);
+}
+
+std::size_t share_of_address_space(std::size_t wanted) {
+  constexpr rlim_t shares = 16;
+  rlimit limit;
+  if (getrlimit(RLIMIT_AS, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY) return wanted;
+  return std::min<std::size_t>(wanted, limit.rlim_cur / shares);
+}
 
 // ---- Regions -----------------------------------------------------------------------------------
 
@@ -377,7 +399,7 @@ void *realloc_buffer(void *pointer, std::size_t old_size, std::size_t new_size) 
   unlink_allocation(&resizable_allocations, entry);
   auto *moved = static_cast<a_general_allocation *>(
       std::realloc(static_cast<void *>(entry), sizeof(a_general_allocation) + new_size));
-  if (moved == nullptr) catastrophe(ec_out_of_memory);
+  if (moved == nullptr) stop_out_of_memory();
   link_allocation(&resizable_allocations, moved, new_size);
   return moved + 1;
 }
@@ -419,7 +441,7 @@ void expand_text_buffer(a_text_buffer *buffer, std::size_t required) {
   const std::size_t step = buffer->increment;
   const std::size_t new_size = (required + step - 1) / step * step;
   auto *moved = static_cast<char *>(std::realloc(buffer->buffer, new_size));
-  if (moved == nullptr) catastrophe(ec_out_of_memory);
+  if (moved == nullptr) stop_out_of_memory();
   buffer->buffer = moved;
   buffer->allocated_size = new_size;
   buffer->increment = step * 2;
@@ -452,6 +474,8 @@ const char *text_of_buffer(a_text_buffer *buffer) {
 // ---- Phases ------------------------------------------------------------------------------------
 
 void mem_manage_early_init() {
+  if (reserve_for_the_end == nullptr) reserve_for_the_end = std::malloc(size_of_reserve);
+  std::set_new_handler(stop_out_of_memory);
   mem_region_table = nullptr;
   size_of_mem_region_table = 0;
   highest_used_region_number = 0;

@@ -52,6 +52,12 @@ struct a_text_buffer {
   char *buffer;
 };
 
+// The catastrophe out_of_memory; what its message needs was kept back for it.
+[[noreturn]] void stop_out_of_memory();
+// How much address space a large reservation may take: what is wanted, or, in a process whose
+// memory is limited, a share that leaves enough for everything else.
+std::size_t share_of_address_space(std::size_t wanted);
+
 // ---- Fixed after the command line --------------------------------------------------------------
 
 extern bool free_blocks_to_system;  // blocks of a released region go back to the system

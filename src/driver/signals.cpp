@@ -1,5 +1,6 @@
 // Signals. The handlers run on a stack of their own and touch only static buffers, the standard
-// streams and _Exit, since the process may be corrupted.
+// streams and _Exit, since the process may be corrupted. The two that are no faults end as any
+// catastrophe ends: an interrupt, and an overflow of the stack, which leaves all else whole.
 #include "driver/signals.h"
 
 #include <csignal>
@@ -17,6 +18,8 @@
 namespace {
 
 a_signal_handler end_callback;
+const char *stack_guard_low;
+const char *stack_guard_high;
 
 const char *reason_of(int sig) {
   switch (sig) {
@@ -68,6 +71,20 @@ void interrupt_handler(int) {
   term_compilation(es_catastrophe);
 }
 
+// A signal that ends the process in the system's own way, but not with an output half written.
+void ending_handler(int sig) {
+  unlink_begun_outputs();
+  std::signal(sig, SIG_DFL);
+  std::raise(sig);
+}
+
+void fault_handler(int sig, siginfo_t *information, void *) {
+  const auto *place = static_cast<const char *>(information->si_addr);
+  if (place < stack_guard_low || place >= stack_guard_high) primary_signal_handler(sig);
+  stack_guard_low = stack_guard_high = nullptr;
+  catastrophe(ec_program_too_large);
+}
+
 }  // namespace
 
 void install_common_handlers(a_signal_handler handler, a_signal_handler callback) {
@@ -81,11 +98,24 @@ void install_common_handlers(a_signal_handler handler, a_signal_handler callback
 void install_interrupt_handlers() {
   install(SIGINT, interrupt_handler);
   install(SIGTERM, interrupt_handler);
-  std::signal(SIGXFSZ, SIG_IGN);  // a write then fails in the ordinary way
+  for (int sig : {SIGQUIT, SIGALRM, SIGUSR1, SIGUSR2, SIGVTALRM, SIGPROF})
+    install(sig, ending_handler);
+  for (int sig : {SIGXFSZ, SIGPIPE})
+    std::signal(sig, SIG_IGN);  // a write then fails in the ordinary way
+}
+
+void install_stack_guard(void *low, void *high) {
+  stack_guard_low = static_cast<const char *>(low);
+  stack_guard_high = static_cast<const char *>(high);
+  struct sigaction action {};
+  action.sa_sigaction = fault_handler;
+  action.sa_flags = SA_ONSTACK | SA_NODEFER | SA_SIGINFO;
+  sigemptyset(&action.sa_mask);
+  sigaction(SIGSEGV, &action, nullptr);
 }
 
 void install_signal_stack() {
-  static char stack[64 * 1024];
+  static char stack[256 * 1024];
   stack_t signal_stack{};
   signal_stack.ss_sp = stack;
   signal_stack.ss_size = sizeof stack;

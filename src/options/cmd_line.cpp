@@ -3,6 +3,8 @@
 // the dialect settles the rest in cmd_line_dialect.cpp.
 #include "options/cmd_line.h"
 
+#include <sys/stat.h>
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -199,6 +201,13 @@ const char *next_word() {
 void open_command_file(const char *name) {
   if (command_file != nullptr) str_command_line_error(ec_cl_cmd_file_in_use, name);
   command_file = std::fopen(name, "r");
+  struct stat status;
+  if (command_file != nullptr && fstat(fileno(command_file), &status) == 0 &&
+      S_ISDIR(status.st_mode)) {
+    std::fclose(command_file);
+    command_file = nullptr;
+    errno = EISDIR;
+  }
   if (command_file != nullptr) return;
   std::string place_and_reason = std::string("'") + name + "': " + std::strerror(errno);
   str_command_line_error(ec_cl_cannot_open_cmd_file, place_and_reason.c_str());

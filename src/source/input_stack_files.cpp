@@ -25,6 +25,12 @@ std::FILE *fopen_with_result(const char *name, const char *mode, an_open_file_re
     result->flags = off_bad_name;
     return nullptr;
   }
+  // A pipe or a device would be waited for, or would change by being opened.
+  struct stat status;
+  if (stat(name, &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode)) {
+    result->flags = off_not_regular;
+    return nullptr;
+  }
   errno = 0;
   std::FILE *stream = std::fopen(name, mode);
   if (stream == nullptr) {
@@ -32,7 +38,6 @@ std::FILE *fopen_with_result(const char *name, const char *mode, an_open_file_re
     result->errno_value = errno;
     return nullptr;
   }
-  struct stat status;
   if (fstat(fileno(stream), &status) == 0 && !S_ISREG(status.st_mode)) {
     std::fclose(stream);
     result->flags = S_ISDIR(status.st_mode) ? off_directory : off_not_regular;
@@ -133,7 +138,7 @@ char *read_whole_file(int descriptor, std::size_t expected, std::size_t *length)
   std::size_t capacity = expected + 1;
   std::size_t used = 0;
   char *text = static_cast<char *>(std::malloc(capacity + image_padding));
-  if (text == nullptr) catastrophe(ec_out_of_memory);
+  if (text == nullptr) stop_out_of_memory();
   for (;;) {
     ssize_t got = read(descriptor, text + used, capacity - used);
     if (got < 0 && errno == EINTR) continue;
@@ -143,7 +148,7 @@ char *read_whole_file(int descriptor, std::size_t expected, std::size_t *length)
     if (used == capacity) {
       capacity *= 2;
       text = static_cast<char *>(std::realloc(text, capacity + image_padding));
-      if (text == nullptr) catastrophe(ec_out_of_memory);
+      if (text == nullptr) stop_out_of_memory();
     }
   }
   *length = used;
@@ -179,7 +184,7 @@ char *utf8_of_utf16(const char *bytes, std::size_t length, a_unicode_source_kind
   std::size_t low = kind == usk_utf16le ? 0 : 1;
   std::size_t units = length / 2;
   char *text = static_cast<char *>(std::malloc(units * 3 + image_padding));
-  if (text == nullptr) catastrophe(ec_out_of_memory);
+  if (text == nullptr) stop_out_of_memory();
   auto unit = [&](std::size_t i) -> std::uint32_t {
     return static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[2 * i + low]) |
                                       static_cast<unsigned char>(bytes[2 * i + 1 - low]) << 8);
@@ -266,7 +271,7 @@ a_stored_image *find_image_by_id(std::uint64_t device, std::uint64_t inode) {
 a_stored_image *enter_image(const char *name, const struct stat &status, char *text,
                             std::size_t length, const a_stored_image *other) {
   a_stored_image *stored = static_cast<a_stored_image *>(std::calloc(1, sizeof(a_stored_image)));
-  if (stored == nullptr || (stored->name = strdup(name)) == nullptr) catastrophe(ec_out_of_memory);
+  if (stored == nullptr || (stored->name = strdup(name)) == nullptr) stop_out_of_memory();
   stored->device = status.st_dev;
   stored->inode = status.st_ino;
   a_stored_image **bucket = &images_by_name[bucket_of_name(name)];
@@ -292,8 +297,9 @@ a_file_image *image_of_source_file(const char *name, an_open_file_result *result
     result->flags = off_bad_name;
     return nullptr;
   }
+  constexpr int open_flags = O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;  // no wait on a pipe
   bool is_standard_input = std::strcmp(name, "-") == 0;
-  int descriptor = is_standard_input ? STDIN_FILENO : open(name, O_RDONLY | O_CLOEXEC | O_NOCTTY);
+  int descriptor = is_standard_input ? STDIN_FILENO : open(name, open_flags);
   if (descriptor < 0) {
     result->flags = errno == ENOENT ? off_does_not_exist : off_other_failure;
     result->errno_value = errno;
@@ -318,10 +324,11 @@ a_file_image *image_of_source_file(const char *name, an_open_file_result *result
 // ---- Text space --------------------------------------------------------------------------------
 
 char *reserve_text_space(std::size_t *size) {
-  for (*size = std::size_t{1} << 30; *size >= std::size_t{1} << 20; *size /= 2) {
+  for (*size = share_of_address_space(std::size_t{1} << 30); *size >= std::size_t{1} << 18;
+       *size = *size / 8192 * 4096) {
     void *space = mmap(nullptr, *size, PROT_READ | PROT_WRITE,
                        MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     if (space != MAP_FAILED) return static_cast<char *>(space);
   }
-  catastrophe(ec_out_of_memory);
+  stop_out_of_memory();
 }

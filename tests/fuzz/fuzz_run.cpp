@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -82,7 +83,7 @@ void remove_folder() {
 
 void make_folder() {
   char name[] = "/dev/shm/qx_fuzz_XXXXXX";
-  if (mkdtemp(name) == nullptr || chdir(name) != 0) std::abort();
+  if (mkdtemp(name) == nullptr) std::abort();
   folder = name;
   std::atexit(remove_folder);
 }
@@ -112,6 +113,7 @@ void compile_unit() {
 
 [[noreturn]] void be_child(const std::vector<std::string> &words, a_fuzz_depth depth) {
   in_child = true;
+  if (chdir(folder.c_str()) != 0) std::abort();
   std::signal(SIGABRT, SIG_DFL);
   const rlimit seconds = {max_seconds, max_seconds + 1};
   setrlimit(RLIMIT_CPU, &seconds);
@@ -164,7 +166,8 @@ int LLVMFuzzerInitialize(int *, char ***) {
 
 void write_input_file(const char *name, const char *text, std::size_t length) {
   input_files.insert(name);
-  const int file = open(name, O_WRONLY | O_CREAT | O_TRUNC, 0600);
+  const std::string path = folder + "/" + name;
+  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
   if (file < 0 || write(file, text, length) != static_cast<ssize_t>(length)) std::abort();
   close(file);
 }
@@ -176,7 +179,9 @@ void run_front_end(const std::vector<std::string> &words, a_fuzz_depth depth) {
   if (child == 0) be_child(words, depth);
   int status;
   rusage usage;
-  if (wait4(child, &status, 0, &usage) != child) std::abort();
+  while (wait4(child, &status, 0, &usage) != child) {
+    if (errno != EINTR) std::abort();  // the fuzzer's clock interrupts
+  }
   const char *finding = nullptr;
   if (WIFSIGNALED(status)) {
     finding = WTERMSIG(status) == SIGXCPU ? "too much time" : strsignal(WTERMSIG(status));

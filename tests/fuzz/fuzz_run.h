@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-// The folder of this fuzzer, in memory, and the current one: what is named without a folder lies in
-// it. It is emptied of everything but the files written here before each run.
+// Puts a file into the folder of this fuzzer, which lies in memory; runs start there. Before each
+// run it is emptied of everything else.
 void write_input_file(const char *name, const char *text, std::size_t length);
 
 // How far a run goes.
