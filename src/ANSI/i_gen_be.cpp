@@ -48,12 +48,6 @@ void write_file_level_override() {
   i_file->if_write_pragma(&pragma);
 }
 
-void write_file_level_pragmas(const a_scope *scope) {
-  for (const a_pragma *p = scope->pragmas; p != nullptr; p = p->next)
-    if (p->pragma != nullptr && p->entity == nullptr && p->placement == ppl_in_line)
-      i_file->if_write_pragma(p->pragma);
-}
-
 // An alias for a routine of the same name shares that routine's symbol.
 void enter_routines(a_scope *scope) {
   for (a_routine *r = scope->routines; r != nullptr; r = r->next)
@@ -118,7 +112,7 @@ void write_unit() {
   for (OPTION_SET *set : icode_optlist)
     i_file->if_enter_option_set(*set);
   write_file_level_override();
-  write_file_level_pragmas(scope);
+  write_scope_pragmas(scope);
   collect_pragmas(scope);
   enter_routines(scope);
   enter_variables(scope);

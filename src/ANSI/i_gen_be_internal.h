@@ -41,7 +41,12 @@ void add_pragma(SYMTAB *symbol, a_file_pragma_kind kind, std::vector<const char 
 // memset, for zeroed locals: a routine of the file, or a symbol of the generator's own.
 SYMTAB *symbol_of_memset();
 void promote_local_static(a_variable *variable, a_routine *routine);
-void collect_pragmas(const a_scope *file_scope);
+// Makes the pragmas of a scope, and of the blocks in it, known to their entities.
+void collect_pragmas(const a_scope *scope);
+// Writes the pragmas of a routine or statement that have this placement.
+void write_pragmas_of(const void *entity, a_pragma_placement placement);
+// Writes the pragmas of the scope itself that stand in line.
+void write_scope_pragmas(const a_scope *scope);
 void reset_symbols();
 
 // ---- Routines and statements (i_gen_routines.cpp, i_gen_statements.cpp) ------------------------

@@ -158,6 +158,8 @@ void generate_routine(a_routine *routine) {
   generate_block_symbols(scope);
   generate_labels(scope);
   i_file->if_write_control(ifr_end_locals, &current_psn);
+  write_pragmas_of(routine, ppl_start_of_routine);
+  write_scope_pragmas(scope);
   generate_parameter_copies();
   generate_statements(scope->block);
   i_file->if_write_control(ifr_end_func, &current_psn);

@@ -33,6 +33,10 @@ const char *keep_number(std::uint64_t number) {
   return type_pkg->keep_text(std::to_string(number));
 }
 
+bool is_loop(const a_statement *statement) {
+  return statement->kind == stmk_while || statement->kind == stmk_for || statement->kind == stmk_do;
+}
+
 // Tells later stages where a loop begins and ends and how it was written.
 void write_loop_pragma(const a_statement *statement, const char *keyword) {
   const char *name, *full_name;
@@ -47,6 +51,7 @@ void write_loop_pragma(const a_statement *statement, const char *keyword) {
   pragma.texts = {type_pkg->keep_text(file + ":" + first_text), first_text, keep_number(last),
                   keyword, ""};
   i_file->if_write_pragma(&pragma);
+  if (statement->has_associated_pragma) write_pragmas_of(statement, ppl_on_statement);
 }
 
 void put_label_record(std::uint32_t label) {
@@ -84,6 +89,7 @@ bool open_block(a_scope *scope) {
        scope->pragmas == nullptr))
     return false;
   i_file->if_write_control(ifr_begin_block, &current_psn);
+  write_scope_pragmas(scope);
   generate_block_symbols(scope);
   i_file->if_write_control(ifr_end_locals, &current_psn);
   return true;
@@ -261,6 +267,8 @@ void generate_for(a_statement *statement) {
 
 void generate_statement(a_statement *statement) {
   if (statement == nullptr || statement->kind == stmk_null) return;
+  if (statement->has_associated_pragma && !is_loop(statement))
+    write_pragmas_of(statement, ppl_on_statement);
   set_current_psn(statement->position);
   switch (statement->kind) {
     case stmk_expr:

@@ -185,6 +185,22 @@ void reset_symbols() {
 void collect_pragmas(const a_scope *scope) {
   for (const a_pragma *pragma = scope->pragmas; pragma != nullptr; pragma = pragma->next)
     if (pragma->entity != nullptr) pragmas_of_entity[pragma->entity].push_back(pragma);
+  for (const a_scope *inner = scope->nested_scopes; inner != nullptr; inner = inner->next)
+    if (inner->kind == sck_block) collect_pragmas(inner);
+}
+
+void write_scope_pragmas(const a_scope *scope) {
+  for (const a_pragma *p = scope->pragmas; p != nullptr; p = p->next)
+    if (p->pragma != nullptr && p->entity == nullptr && p->placement == ppl_in_line)
+      i_file->if_write_pragma(p->pragma);
+}
+
+void write_pragmas_of(const void *entity, a_pragma_placement placement) {
+  auto found = pragmas_of_entity.find(entity);
+  if (found == pragmas_of_entity.end()) return;
+  for (const a_pragma *pragma : found->second)
+    if (pragma->pragma != nullptr && pragma->placement == placement)
+      i_file->if_write_pragma(pragma->pragma);
 }
 
 void add_pragma(SYMTAB *symbol, a_file_pragma_kind kind, std::vector<const char *> texts) {

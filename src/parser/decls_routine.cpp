@@ -17,6 +17,7 @@
 #include "semantics/symbol_tbl.h"
 #include "semantics/target.h"
 #include "semantics/types.h"
+#include "target/pragma.h"
 
 a_routine *make_routine(a_type *type, std::uint8_t storage_class, int scope_depth) {
   a_routine *routine = alloc_routine();
@@ -233,6 +234,7 @@ a_symbol *decl_routine(a_symbol_locator *locator, a_decl_parse_state *state,
   state->symbol = symbol;
   apply_asm_name(decl, symbol->variant.routine);
   if (state->asm_name != nullptr) record_asm_name_for_lookup(symbol);
+  if (is_definition) apply_routine_block_section_specification(symbol->variant.routine);
   if (!decl.at_file_scope)
     record_entity_in_decl_stmt_if_needed(reinterpret_cast<char *>(symbol->variant.routine),
                                          iek_routine, &decl.position);

@@ -22,6 +22,7 @@
 #include "semantics/symbol_ref.h"
 #include "semantics/symbol_tbl.h"
 #include "semantics/types.h"
+#include "target/pragma.h"
 
 a_variable *make_variable(a_type *type, std::uint8_t storage_class, int scope_depth) {
   a_variable *variable = alloc_variable(static_cast<a_storage_class>(storage_class));
@@ -265,6 +266,7 @@ a_symbol *decl_variable(a_symbol_locator *locator, a_decl_parse_state *state, bo
   set_variable_marks(decl, variable);
   apply_asm_name(decl, variable);
   if (variable->asm_name != nullptr) record_asm_name_for_lookup(symbol);
+  if (state->storage_class != dsc_extern) apply_variable_block_section_specification(variable);
   if (!decl.at_file_scope)
     record_entity_in_decl_stmt_if_needed(reinterpret_cast<char *>(variable), iek_variable,
                                          &decl.position);
