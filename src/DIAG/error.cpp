@@ -29,6 +29,7 @@ a_diagnostic *avail_diagnostics;
 a_diag_arg *avail_diag_args;
 bool diag_issued[num_error_codes];
 bool processing_catastrophe;
+bool processing_internal_error;
 std::unordered_set<std::uint64_t> power_advice_given;  // sequence number and code
 
 // A message given inside a template, remembered so that the other instances do not repeat it.
@@ -79,16 +80,6 @@ void free_diag_list(a_diag_list *list) {
 
 // ---- Decisions ---------------------------------------------------------------------------------
 
-bool severity_is_shown(const a_diagnostic *d) {
-  if (d->severity == es_note) return true;  // its parent was shown, or it has none
-  if (d->severity < error_threshold || d->severity == es_none) return false;
-  if (d->position.seq != 0 && diag_hooks.in_system_header != nullptr &&
-      diag_hooks.in_system_header(d->position.seq)) {
-    return d->severity >= es_error;
-  }
-  return curr_cmd_line_or_predef_macro_def == nullptr || d->severity >= es_discretionary_error;
-}
-
 // Does an instance of a template repeat what another instance said before?
 bool repeats_another_instance(const a_diagnostic *d) {
   if (diag_hooks.scope_stack_depth == nullptr || diag_hooks.scope_stack_depth() < 0) return false;
@@ -119,6 +110,20 @@ bool is_to_be_shown(a_diagnostic *d) {
   }
   return true;
 }
+
+}  // namespace
+
+bool severity_is_shown(const a_diagnostic *d) {
+  if (d->severity == es_note) return true;  // its parent was shown, or it has none
+  if (d->severity < error_threshold || d->severity == es_none) return false;
+  if (d->position.seq != 0 && diag_hooks.in_system_header != nullptr &&
+      diag_hooks.in_system_header(d->position.seq)) {
+    return d->severity >= es_error;
+  }
+  return curr_cmd_line_or_predef_macro_def == nullptr || d->severity >= es_discretionary_error;
+}
+
+namespace {
 
 // ---- Instantiation context ---------------------------------------------------------------------
 
@@ -158,7 +163,6 @@ an_error_code context_text(an_instantiation_context_kind kind, bool alone) {
 a_diagnostic *add_context_line(a_diagnostic *d, an_error_code code) {
   a_diagnostic *line = alloc_diagnostic(dk_context, es_none, code, nullptr);
   line->parent = d;
-  line->file = d->file;  // positions are told as seen from the message
   append_to_diag_list(&d->context_lines, line);
   return line;
 }
@@ -226,9 +230,6 @@ a_diagnostic *alloc_diagnostic(a_diagnostic_kind kind, an_error_severity severit
   d->code = code;
   d->file = "";
   if (pos != nullptr) d->position = *pos;
-  if (d->position.seq != 0 && diag_hooks.file_and_line != nullptr) {
-    diag_hooks.file_and_line(d->position.seq, &d->file, &d->line, &d->at_end_of_source);
-  }
   return d;
 }
 
@@ -299,7 +300,6 @@ void add_symbol_argument(a_diagnostic *d, a_symbol *symbol) {
 a_diagnostic *add_diag_info(a_diagnostic *d, an_error_code code) {
   a_diagnostic *info = alloc_diagnostic(dk_supplement, es_none, code, nullptr);
   info->parent = d;
-  info->file = d->file;
   append_to_diag_list(&d->supplements, info);
   return info;
 }
@@ -361,6 +361,13 @@ void end_diagnostic(a_diagnostic *d) {
       }
       processing_catastrophe = true;
     }
+    if (d->severity == es_internal_error) {
+      if (processing_internal_error) {
+        std::fprintf(f_error, "%s\n", text_by_number(ect_1783));
+        exit_compilation(es_internal_error);
+      }
+      processing_internal_error = true;
+    }
     const bool without_context =
         d->severity == es_note || d->severity == es_internal_error ||
         (d->severity == es_catastrophe && !display_error_context_on_catastrophe);
@@ -415,7 +422,7 @@ static void report_failed_invariant(const char *file, int line, const char *func
 
 static void clear_counts() {
   total_errors = total_warnings = total_remarks = total_catastrophes = 0;
-  processing_catastrophe = false;
+  processing_catastrophe = processing_internal_error = false;
   pos_of_last_syntax_error = null_source_position;
 }
 

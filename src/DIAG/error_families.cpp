@@ -83,7 +83,7 @@ template <class... Arguments>
 template <class... Arguments>
 void add_note(an_error_code code, const a_source_position *pos, a_diag_list *list,
               Arguments... arguments) {
-  a_diagnostic *d = start(es_note, code, pos, arguments...);
+  a_diagnostic *d = start(effective_severity(code, es_note, pos), code, pos, arguments...);
   if (list != nullptr) {
     append_to_diag_list(list, d);
   } else {

@@ -75,6 +75,11 @@ void form_declared(const a_diagnostic *d, a_symbol *symbol, a_text_buffer *out) 
     f_add_string_to_text_buffer(out, text_by_number(ect_2682));
     return;
   }
+  if (place_of(*pos).at_end) {
+    add_char_to_text_buffer(out, ' ');
+    f_add_string_to_text_buffer(out, text_by_number(ect_1763));
+    return;
+  }
   f_add_string_to_text_buffer(out, text_by_number(ect_1762));
   form_position(d, *pos, out);
   add_char_to_text_buffer(out, ')');
@@ -304,15 +309,25 @@ void add_blanks(a_text_buffer *out, std::size_t count) {
     add_char_to_text_buffer(out, ' ');
 }
 
-// Puts the text to the output in lines of at most 79 columns, broken at blanks.
+// Where the character behind the first `columns` ones begins, or length if there are no more.
+std::size_t place_of_column(const char *text, std::size_t length, std::size_t columns) {
+  std::size_t place = 0;
+  for (; columns != 0 && place < length; --columns) {
+    place += static_cast<std::size_t>(f_mbc_length(text + place, nullptr, true));
+  }
+  return place < length ? place : length;
+}
+
+// Puts the text, which a null ends, to the output in lines of at most 79 columns, broken at blanks.
 void lay_out(const char *text, std::size_t length, std::size_t first_indent,
              std::size_t other_indent, a_text_buffer *out) {
   const bool wrap = !brief_diagnostics && !do_not_wrap_diagnostics;
   std::size_t indent = first_indent;
   for (;;) {
     add_blanks(out, indent);
-    const std::size_t width = line_width - indent;
-    if (!wrap || length <= width) break;
+    if (!wrap) break;
+    const std::size_t width = place_of_column(text, length, line_width - indent);
+    if (width == length) break;
     std::size_t cut = text[width] == ' ' ? width : width - 1;
     while (cut > 0 && text[cut] != ' ')
       --cut;
@@ -365,14 +380,24 @@ void write_source_line(const a_diagnostic *d, a_text_buffer *out) {
   f_add_string_to_text_buffer(out, "^\n");
 }
 
-void write_record(const a_diagnostic *d, a_text_buffer *out);
+void write_record(a_diagnostic *d, a_text_buffer *out);
 
 void write_list(const a_diag_list &list, a_text_buffer *out) {
-  for (const a_diagnostic *d = list.head; d != nullptr; d = d->next)
+  for (a_diagnostic *d = list.head; d != nullptr; d = d->next) {
+    if (d->kind == dk_main && !severity_is_shown(d)) continue;  // a note that the user changed
     write_record(d, out);
+  }
 }
 
-void write_record(const a_diagnostic *d, a_text_buffer *out) {
+// A part without a place of its own tells positions as seen from its message.
+void find_file_and_line(a_diagnostic *d) {
+  d->file = d->parent != nullptr ? d->parent->file : "";
+  if (d->position.seq == 0 || diag_hooks.file_and_line == nullptr) return;
+  diag_hooks.file_and_line(d->position.seq, &d->file, &d->line, &d->at_end_of_source);
+}
+
+void write_record(a_diagnostic *d, a_text_buffer *out) {
+  find_file_and_line(d);
   a_text_buffer *text = ready_buffer(&message_buffer, 1024);
   bool source_line_known = true;
   if (d->kind == dk_main) {
@@ -422,7 +447,7 @@ void expand_message(const a_diagnostic *d, a_text_buffer *out) {
   }
 }
 
-void write_diagnostic(const a_diagnostic *d) {
+void write_diagnostic(a_diagnostic *d) {
   a_text_buffer *out = ready_buffer(&output_buffer, 1024);
   write_record(d, out);
   if (!brief_diagnostics) add_char_to_text_buffer(out, '\n');
@@ -437,8 +462,4 @@ void format_message_text(an_error_code code, const char *const *strings, int str
     add_string_argument(d, strings[i]);
   expand_message(d, out);
   free_diagnostic(d);
-}
-
-void reset_format_state() {
-  message_buffer = output_buffer = source_line_buffer = nullptr;
 }

@@ -40,12 +40,12 @@ struct a_diagnostic {
   a_diag_arg *arguments;
   a_diag_arg *last_argument;
   a_source_position position;
-  const char *file;
+  const char *file;  // from here to at_end_of_source: found when the message is written
   std::uint32_t line;
-  an_error_severity severity;
-  an_error_code code;
-  a_diagnostic_kind kind;
   bool at_end_of_source;
+  a_diagnostic_kind kind;
+  an_error_code code;
+  an_error_severity severity;
 };
 
 a_diagnostic *alloc_diagnostic(a_diagnostic_kind kind, an_error_severity severity,
@@ -62,10 +62,12 @@ an_error_severity effective_severity(an_error_code code, an_error_severity sever
 bool code_is_once_only(an_error_code code);
 void reset_overrides();
 
+// Do the threshold and the place let a message of this severity through?
+bool severity_is_shown(const a_diagnostic *d);
+
 // error_format.cpp
 void expand_message(const a_diagnostic *d, a_text_buffer *out);
-void write_diagnostic(const a_diagnostic *d);
-void reset_format_state();
+void write_diagnostic(a_diagnostic *d);
 
 inline const char *text_by_number(int number) {
   return error_text(number);

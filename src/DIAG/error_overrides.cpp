@@ -1,8 +1,12 @@
 // What the user changed about messages: severities by code, on the command line and by pragmas.
 //
 // A pragma holds from its place on, yet a message may be reported late about an earlier place. So
-// every change made at a position is kept in a list per code, in the order of the source; the last
-// entry that does not come after the message's position decides.
+// every change made at a position is kept in a history per code, sorted by position; the last
+// change that does not come after the message's position decides.
+//
+// diag_push only marks the log of changes. What diag_pop has to bring back stands behind the mark,
+// so both cost what was changed between them, not the size of the tables.
+#include <algorithm>
 #include <cctype>
 #include <cstdlib>
 #include <cstring>
@@ -19,31 +23,37 @@ namespace {
 constexpr int num_slots = num_error_codes + 1;
 
 struct a_diag_history_entry {
-  a_diag_history_entry *next;
   a_source_position position;
-  an_error_severity severity;  // 0: the message's own
+  an_error_severity severity;  // that results from the change; 0: the message's own
+};
+
+// What a code's severity was before a change inside diag_push.
+struct an_undo_entry {
+  int code;
+  an_error_severity severity;
 };
 
 an_error_severity diag_severity[num_slots];          // 0: none
 an_error_severity diag_default_severity[num_slots];  // what diag_default goes back to
 bool diag_once[num_slots];
-a_diag_history_entry *diag_history_head[num_slots];
-a_diag_history_entry *diag_history_tail[num_slots];
-std::vector<std::vector<an_error_severity>> diag_severity_stack;
+std::vector<a_diag_history_entry> diag_history[num_slots];
+std::vector<an_undo_entry> undo_log;  // since the first open diag_push
+std::vector<std::size_t> push_marks;  // of each open diag_push, its place in the log
 
-bool comes_after(const a_source_position &a, const a_source_position &b) {
-  return a.seq != b.seq ? a.seq > b.seq : a.column > b.column;
+// Behind all changes of the same or an earlier place.
+auto history_place(std::vector<a_diag_history_entry> *history, const a_source_position &pos) {
+  return std::upper_bound(history->begin(), history->end(), pos,
+                          [](const a_source_position &a, const a_diag_history_entry &b) {
+                            return compare_source_positions(a, b.position) < 0;
+                          });
 }
 
-void add_history_entry(int code, const a_source_position &pos, an_error_severity severity) {
-  auto *entry = static_cast<a_diag_history_entry *>(alloc_general(sizeof(a_diag_history_entry)));
-  *entry = {nullptr, pos, severity};
-  if (diag_history_tail[code] != nullptr) {
-    diag_history_tail[code]->next = entry;
-  } else {
-    diag_history_head[code] = entry;
-  }
-  diag_history_tail[code] = entry;
+void set_severity(int code, an_error_severity severity, const a_source_position *pos) {
+  std::vector<a_diag_history_entry> *history = &diag_history[code];
+  const bool at_place = pos != nullptr && pos->seq != 0;
+  if (at_place && history->empty()) history->push_back({a_source_position{}, diag_severity[code]});
+  diag_severity[code] = severity;
+  if (at_place) history->insert(history_place(history, *pos), {*pos, severity});
 }
 
 void change_severity(int code, an_error_severity severity, const a_source_position *pos,
@@ -52,28 +62,16 @@ void change_severity(int code, an_error_severity severity, const a_source_positi
     diag_once[code] = true;
     return;
   }
-  // Behind the command line, what held up to the first change is the default.
-  if (pos != nullptr && pos->seq != 0 && diag_history_head[code] == nullptr) {
-    add_history_entry(code, a_source_position{}, diag_severity[code]);
-  }
-  if (severity != es_default) {
-    diag_severity[code] = severity;
-    if (also_default) diag_default_severity[code] = severity;
-  } else {
-    diag_severity[code] = diag_default_severity[code];
-  }
-  if (pos != nullptr && pos->seq != 0) add_history_entry(code, *pos, diag_severity[code]);
+  if (also_default && severity != es_default) diag_default_severity[code] = severity;
+  if (!push_marks.empty()) undo_log.push_back({code, diag_severity[code]});
+  set_severity(code, severity != es_default ? severity : diag_default_severity[code], pos);
 }
 
 an_error_severity override_at(an_error_code code, const a_source_position *pos) {
-  const a_diag_history_entry *entry = diag_history_head[code];
-  if (entry == nullptr) return diag_severity[code];
-  const a_source_position place = pos != nullptr ? *pos : a_source_position{};
-  an_error_severity result = es_default;
-  for (; entry != nullptr && !comes_after(entry->position, place); entry = entry->next) {
-    result = entry->severity;
-  }
-  return result;
+  std::vector<a_diag_history_entry> *history = &diag_history[code];
+  if (history->empty()) return diag_severity[code];
+  // The first entry has no position, so something comes before every place.
+  return std::prev(history_place(history, pos != nullptr ? *pos : null_source_position))->severity;
 }
 
 }  // namespace
@@ -94,14 +92,10 @@ void reset_overrides() {
   for (int code = 0; code < num_slots; ++code) {
     diag_severity[code] = diag_default_severity[code] = es_default;
     diag_once[code] = false;
-    for (a_diag_history_entry *entry = diag_history_head[code]; entry != nullptr;) {
-      a_diag_history_entry *next = entry->next;
-      free_general(entry, sizeof *entry);
-      entry = next;
-    }
-    diag_history_head[code] = diag_history_tail[code] = nullptr;
+    diag_history[code].clear();
   }
-  diag_severity_stack.clear();
+  undo_log.clear();
+  push_marks.clear();
 }
 
 // ---- Changes -----------------------------------------------------------------------------------
@@ -141,18 +135,22 @@ void set_severity_for_error_list(const char *list, an_error_severity severity) {
 }
 
 void push_diag_severities() {
-  diag_severity_stack.emplace_back(diag_severity, diag_severity + num_slots);
+  push_marks.push_back(undo_log.size());
 }
 
 bool pop_diag_severities(const a_source_position *pos) {
-  if (diag_severity_stack.empty()) return false;
-  const std::vector<an_error_severity> pushed = std::move(diag_severity_stack.back());
-  diag_severity_stack.pop_back();
-  for (int code = 1; code < num_error_codes; ++code) {
-    if (pushed[static_cast<std::size_t>(code)] != diag_severity[code]) {
-      change_severity(code, pushed[static_cast<std::size_t>(code)], pos, false);
-    }
+  if (push_marks.empty()) return false;
+  const auto first = undo_log.begin() + static_cast<std::ptrdiff_t>(push_marks.back());
+  push_marks.pop_back();
+  // Of several changes of one code the first tells what diag_push saw.
+  std::stable_sort(first, undo_log.end(),
+                   [](const an_undo_entry &a, const an_undo_entry &b) { return a.code < b.code; });
+  for (auto entry = first; entry != undo_log.end(); ++entry) {
+    if (entry != first && entry->code == std::prev(entry)->code) continue;
+    if (entry->severity != diag_severity[entry->code])
+      set_severity(entry->code, entry->severity, pos);
   }
+  undo_log.erase(first, undo_log.end());
   return true;
 }
 

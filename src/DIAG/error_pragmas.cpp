@@ -1,6 +1,7 @@
 // The pragmas that change what is reported from their place on.
 //
 //   diag-pragma:   diag_suppress list        (and diag_remark, _warning, _error, _once, _default)
+//                  diag_suppress "(" list ")"
 //   list:          element
 //                  list "," element
 //   element:       tag
@@ -47,21 +48,36 @@ void check_no_arguments(a_pending_pragma *pragma) {
 
 }  // namespace
 
-void diag_pragma(a_pending_pragma *pragma, an_error_severity severity) {
-  begin_rescan_of_pragma_tokens(pragma);
-  const bool in_parens = curr_token == tok_lparen;
-  if (in_parens) get_token();
-  bool good;
-  while ((good = scan_diag_element(severity))) {
+// The list is obeyed up to its first mistake.
+static bool scan_diag_list(an_error_severity severity, bool in_parens) {
+  for (;;) {
+    if (!scan_diag_element(severity)) return false;
     get_token();
-    if (at_end_of_pragma() || (in_parens && curr_token == tok_rparen)) break;
+    if (at_end_of_pragma() || (in_parens && curr_token == tok_rparen)) return true;
     if (curr_token == tok_comma) {
       get_token();
     } else {
       pos_warning(ec_exp_comma, &pos_curr_token);
     }
   }
-  wrapup_rescan_of_pragma_tokens(!good || in_parens);
+}
+
+void diag_pragma(a_pending_pragma *pragma, an_error_severity severity) {
+  begin_rescan_of_pragma_tokens(pragma);
+  const bool in_parens = curr_token == tok_lparen;
+  if (in_parens) get_token();
+  bool good = scan_diag_list(severity, in_parens);
+  if (good && in_parens) {
+    if (curr_token == tok_rparen) {
+      get_token();
+      good = at_end_of_pragma();
+      if (!good) pos_warning(ec_bad_pragma_format, &pos_curr_token);
+    } else {
+      pos_warning(ec_exp_rparen, &pos_curr_token);
+      good = false;
+    }
+  }
+  wrapup_rescan_of_pragma_tokens(!good);
 }
 
 void diag_push_pragma(a_pending_pragma *pragma) {

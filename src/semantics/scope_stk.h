@@ -98,6 +98,7 @@ struct a_scope_stack_entry {
   a_shared_constants *function_shareable_constants;  // sck_function; null: not made
   a_template_decl_info *template_decl_info;
   an_instance_info *instance_info;
+  a_source_position needed_position;  // what asked for the class or function that is instantiated
   a_pack_expansion_stack_entry *pack_expansion;
   a_pending_pragma *scope_pragmas;      // wait for the end of the scope
   a_pending_pragma *construct_pragmas;  // bind to the declaration or statement being read

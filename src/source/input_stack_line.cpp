@@ -332,6 +332,7 @@ bool read_logical_source_line(bool pop_at_end, bool continuation) {
       free_orig_line_modifs();
       source_columns_need_computation = false;
       store_end_of_all_input();
+      curr_seq_number = seq_number_last_read + 1;  // what is missing is told "at end of source"
       do_not_put_curr_line_in_pp_output = true;
       return true;
     }

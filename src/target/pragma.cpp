@@ -251,7 +251,6 @@ a_pending_pragma *make_copy_of_pragma_list(const a_pending_pragma *list) {
     a_pending_pragma *copy = alloc_pending_pragma();
     *copy = *list;
     copy->next = nullptr;
-    copy->was_immediate = false;
     if (copy->has_tokens) {
       clear_token_cache(&copy->tokens, true);
       copy_tokens_from_cache(&list->tokens, 0, 0, false, &copy->tokens);
@@ -305,7 +304,7 @@ void process_free_pragma(a_pending_pragma *pending) {
       run_without_construct(pending);
       break;
     case pmo_immediate:
-      if (!pending->was_immediate) run_without_construct(pending);
+      run_without_construct(pending);
       break;
     case pmo_scope:
       append_pending(&scope_stack[decl_scope_level].scope_pragmas, pending);
@@ -353,10 +352,15 @@ void select_curr_construct_pragmas(bool) {
 void process_immediate_pragmas() {
   // A rescan of tokens looks at the list: it must be empty meanwhile.
   a_pending_pragma *list = take_list(&curr_token_pragmas);
-  for (a_pending_pragma *pending = list; pending != nullptr; pending = pending->next) {
-    if (pending->description->mode != pmo_immediate || pending->was_immediate) continue;
-    pending->was_immediate = true;
+  for (a_pending_pragma **link = &list; *link != nullptr;) {
+    a_pending_pragma *pending = *link;
+    if (pending->description->mode != pmo_immediate) {
+      link = &pending->next;
+      continue;
+    }
+    *link = pending->next;
     run_without_construct(pending);
+    free_pending_pragma(pending);
   }
   append_pending(&list, take_list(&curr_token_pragmas));
   curr_token_pragmas = list;

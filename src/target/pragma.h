@@ -70,7 +70,6 @@ struct a_pending_pragma {
   a_source_position directive_position;
   bool has_tokens : 1;       // tokens is in use
   bool in_parens : 1;        // the operator form
-  bool was_immediate : 1;    // it already ran in the middle of a construct
   const char *text;          // with pfl_raw_text or pfl_keep_text
   a_pragma *il_pragma;       // the entry made for it; null: none
   std::uint8_t gcc_subject;  // of a GCC pragma: a_gcc_pragma_subject

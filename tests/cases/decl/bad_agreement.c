@@ -25,19 +25,19 @@ int a9; int a9(void);
 // expect: error #148 declaration is incompatible with variable "a9"
 int b1(void); int b1(int);
 //                ^
-// expect: error #148 declaration is incompatible with function "b1"
+// expect: error #148 declaration is incompatible with function "b1(void)"
 int b2(); int b2(int, char *);
 int b3(); int b3(char);
 //            ^
-// expect: error #148 declaration is incompatible with function "b3"
+// expect: error #148 declaration is incompatible with function "b3()"
 int b4(int); int b4() { return 0; }
 void b5(void); int b5(void) { return 0; }
 //                 ^
-// expect: error #148 declaration is incompatible with function "b5"
+// expect: error #148 declaration is incompatible with function "b5(void)"
 int b6(const int); int b6(int);
 int b7(const int *); int b7(int *);
 //                       ^
-// expect: error #148 declaration is incompatible with function "b7"
+// expect: error #148 declaration is incompatible with function "b7(const int *)"
 int b8(int[3]); int b8(int *);
 int b9(int (void)); int b9(int (*)(void));
 static int c1(void); int c1(void) { return 0; }
@@ -77,7 +77,7 @@ int *d7; int * const d7;
 // expect: error #148 declaration is incompatible with variable "d7"
 int d8(int, ...); int d8(int);
 //                    ^
-// expect: error #148 declaration is incompatible with function "d8"
+// expect: error #148 declaration is incompatible with function "d8(int, ...)"
 inline int d9(void); static int d9(void) { return 0; }
 //                              ^
 // expect: warning #174 external/internal linkage conflict with previous declaration
@@ -118,7 +118,7 @@ void scopes(int p) {
 // expect: error #148 declaration is incompatible with variable "a1"
   int f2(void); long f2(void);
 //                   ^
-// expect: error #148 declaration is incompatible with function "f2"
+// expect: error #148 declaration is incompatible with function "f2(void)"
   extern int init = 3;
 //                  ^
 // expect: error #146 variable "init" may not be initialized

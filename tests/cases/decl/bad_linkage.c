@@ -57,20 +57,20 @@ enum { m };
 int n(int);
 int n(long);
 //  ^
-// expect: error #148 declaration is incompatible with function "n"
+// expect: error #148 declaration is incompatible with function "n(int)"
 int o(int);
 float o(int);
 //    ^
-// expect: error #148 declaration is incompatible with function "o"
+// expect: error #148 declaration is incompatible with function "o(int)"
 int p();
 int p(int, char *);
 int p(int, char *, ...);
 //  ^
-// expect: error #148 declaration is incompatible with function "p"
+// expect: error #148 declaration is incompatible with function "p(int, char *)"
 int q();
 int q(char);
 //  ^
-// expect: error #148 declaration is incompatible with function "q"
+// expect: error #148 declaration is incompatible with function "q()"
 int r[];
 int r[3];
 extern int r[];
@@ -127,7 +127,7 @@ int block(void) {
   int local2(void);
   int local2(int);
 //    ^
-// expect: error #148 declaration is incompatible with function "local2"
+// expect: error #148 declaration is incompatible with function "local2(void)"
   typedef int a6;
   typedef int a6;
   int a6;
@@ -143,4 +143,4 @@ int z2;
 int over(void) { extern int h(void); return h(); }
 int over2(void) { extern int h(int); return 0; }
 //                           ^
-// expect: error #148 declaration is incompatible with function "h"
+// expect: error #148 declaration is incompatible with function "h(void)"

@@ -4,3 +4,4 @@ int ok = 4 / 2;
 // not a comment
 /* expect: warning #2581 '//' comments are not allowed in strict C89 mode */
 /* expect: error #171 expected a declaration */
+/* expect-at-end: warning #12 parsing restarts */

@@ -32,10 +32,10 @@ int p(void) { return o(); }
 void q(int);
 void q(double);
 //   ^
-// expect: error #148 declaration is incompatible with function "q"
+// expect: error #148 declaration is incompatible with function "q(int)"
 int q;
 //  ^
-// expect: error #148 declaration is incompatible with function "q"
+// expect: error #148 declaration is incompatible with function "q(int)"
 struct tag { int a; };
 union tag u;
 //    ^

@@ -48,39 +48,39 @@ extern int *c2[3]; extern int (*c2)[3];
 int d1(); int d1(int); int d1();
 int d2(); int d2(short);
 //            ^
-// expect: error #148 declaration is incompatible with function "d2"
+// expect: error #148 declaration is incompatible with function "d2()"
 int d3(); int d3(float);
 //            ^
-// expect: error #148 declaration is incompatible with function "d3"
+// expect: error #148 declaration is incompatible with function "d3()"
 int d4(); int d4(double, ...);
 //            ^
-// expect: error #148 declaration is incompatible with function "d4"
+// expect: error #148 declaration is incompatible with function "d4()"
 int d5(int, ...); int d5(int);
 //                    ^
-// expect: error #148 declaration is incompatible with function "d5"
+// expect: error #148 declaration is incompatible with function "d5(int, ...)"
 int d6(void); int d6();
 int d7(void); int d7(int);
 //                ^
-// expect: error #148 declaration is incompatible with function "d7"
+// expect: error #148 declaration is incompatible with function "d7(void)"
 int d8(int, int); int d8(int);
 //                    ^
-// expect: error #148 declaration is incompatible with function "d8"
+// expect: error #148 declaration is incompatible with function "d8(int, int)"
 int d9(const int); int d9(int); int d9(volatile int x);
 int e2(int[3]); int e2(int[5]); int e2(int *const); int e2(int *restrict);
 int e3(const int *); int e3(int *);
 //                       ^
-// expect: error #148 declaration is incompatible with function "e3"
+// expect: error #148 declaration is incompatible with function "e3(const int *)"
 int e4(int (int)); int e4(int (*)(int));
 int e5(int (*)()); int e5(int (*)(int)); int e5(int (*)(int));
 int e6(int (*)(int)); int e6(int (*)(long));
 //                        ^
-// expect: error #148 declaration is incompatible with function "e6"
+// expect: error #148 declaration is incompatible with function "e6(int (*)(int))"
 struct s e7(void); struct t e7(void);
 //                          ^
-// expect: error #148 declaration is incompatible with function "e7"
+// expect: error #148 declaration is incompatible with function "e7(void)"
 int *e8(void); const int *e8(void);
 //                        ^
-// expect: error #148 declaration is incompatible with function "e8"
+// expect: error #148 declaration is incompatible with function "e8(void)"
 int e9(struct s); int e9(same);
 int g1(enum e); int g1(enum e);
 int g2(a, b) int a; float b; { return a; }
@@ -88,7 +88,7 @@ int g2(int, double);
 int g3(a, b) int a; float b; { return a; }
 int g3(int, float);
 //  ^
-// expect: error #148 declaration is incompatible with function "g3"
+// expect: error #148 declaration is incompatible with function "g3()"
 int g4(a) char a; { return a; }
 int g4(int);
 int g7() { return 0; }
