@@ -288,6 +288,7 @@ bool physical_source_line(const a_source_position *pos, a_text_buffer *out) {
 void input_stack_one_time_init() {}
 
 void input_stack_init() {
+  forget_images();
   depth_input_stack = -1;
   make_top_entry_current();
 }

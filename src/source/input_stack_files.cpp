@@ -321,10 +321,15 @@ a_file_image *image_of_source_file(const char *name, an_open_file_result *result
   return &enter_image(name, status, text, length, same)->image;
 }
 
+void forget_images() {
+  std::memset(images_by_name, 0, sizeof images_by_name);
+  std::memset(images_by_id, 0, sizeof images_by_id);
+}
+
 // ---- Text space --------------------------------------------------------------------------------
 
 char *reserve_text_space(std::size_t *size) {
-  for (*size = share_of_address_space(std::size_t{1} << 30); *size >= std::size_t{1} << 18;
+  for (*size = share_of_address_space(*size); *size >= std::size_t{1} << 18;
        *size = *size / 8192 * 4096) {
     void *space = mmap(nullptr, *size, PROT_READ | PROT_WRITE,
                        MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);

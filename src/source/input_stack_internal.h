@@ -51,8 +51,11 @@ extern int inserted_text_depth;  // texts of the program's own that are being re
 void init_line_buffer();
 void init_white_space();
 
-// Reserved address space for a text that grows without moving; the size of what was got goes out.
+// Reserved address space for a text that grows without moving, *size bytes of it; the size of what
+// was got goes out.
 char *reserve_text_space(std::size_t *size);
+// Files are read anew from now on; what holds an image keeps it.
+void forget_images();
 
 // The least padding behind the text of a file image.
 inline constexpr std::size_t image_padding = 64;

@@ -29,6 +29,7 @@ bool splice_warning_is_deferred;
 const char *curr_file_pos;
 const char *curr_file_end;
 
+static constexpr std::size_t largest_line_space = std::size_t{1} << 30;
 static std::size_t line_space;  // size of the reserved space
 static an_orig_line_modif *avail_orig_line_modifs;
 static a_source_position deferred_splice_position;
@@ -39,6 +40,7 @@ static bool ignored_trigraph_was_reported;
 
 void init_line_buffer() {
   if (curr_source_line == nullptr) {
+    line_space = largest_line_space;
     char *space = reserve_text_space(&line_space);
     *space = ' ';
     curr_source_line = space + 1;
@@ -74,6 +76,7 @@ void add_orig_line_modif(const char *loc, an_orig_line_modif_kind kind, std::uin
 }
 
 static void free_orig_line_modifs() {
+  invalidate_column_cache();
   if (orig_line_modif_list == nullptr) return;
   end_orig_line_modif_list->next = avail_orig_line_modifs;
   avail_orig_line_modifs = orig_line_modif_list;
@@ -346,7 +349,6 @@ bool read_logical_source_line(bool pop_at_end, bool continuation) {
   curr_seq_number = seq_number_last_read;
   curr_char_loc = curr_source_line;
   copy_logical_line(curr_source_line);
-  if (source_columns_need_computation) invalidate_column_cache();
   first_token_on_line_seen = false;
   do_not_put_curr_line_in_pp_output =
       currently_in_pp_if_skip || (in_preprocessing_directive && !pass_pp_directive_to_output);

@@ -184,8 +184,20 @@ void end_inserted_text(a_saved_text_place *saved) {
 
 // ---- Positions ---------------------------------------------------------------------------------
 
+// Where the search for a position in this line got to: behind which change of the text, and what
+// the changes up to there come to. Positions mostly go up, so each change is passed once.
+struct a_position_search {
+  const char *loc;                 // null: nothing was searched in this line
+  const an_orig_line_modif *last;  // the last change passed; null: none
+  const char *base;                // start of the physical line
+  long correction;                 // of the column
+  std::uint32_t seq;
+};
+static a_position_search position_search;
+
 void invalidate_column_cache() {
   counted_from = nullptr;
+  position_search.loc = nullptr;
 }
 
 // The number of bytes in [from, to) that continue a multibyte character.
@@ -206,34 +218,37 @@ static bool loc_is_in_line(const char *loc) {
 
 // The position of a place in the line buffer: its physical line begins at the last splice in front.
 static void position_in_line(const char *loc, a_source_position *pos) {
-  const char *base = curr_source_line;
-  long correction = 0;
-  std::uint32_t seq = curr_seq_number;
-  for (const an_orig_line_modif *m = orig_line_modif_list; m != nullptr; m = m->next) {
+  a_position_search &search = position_search;
+  if (search.loc == nullptr || loc < search.loc)
+    search = {loc, nullptr, curr_source_line, 0, curr_seq_number};
+  search.loc = loc;
+  const an_orig_line_modif *m = search.last != nullptr ? search.last->next : orig_line_modif_list;
+  for (; m != nullptr; search.last = m, m = m->next) {
     bool is_line_start = m->kind == olm_line_splice || m->kind == olm_newline;
     if (is_line_start ? m->loc > loc : m->loc >= loc) break;
     switch (m->kind) {
       case olm_trigraph:
-        correction += 2;
+        search.correction += 2;
         break;
       case olm_null_char:
-        correction -= 1;
+        search.correction -= 1;
         break;
       case olm_line_splice:
-        base = m->loc;
-        correction = 0;
-        seq = m->value;
+        search.base = m->loc;
+        search.correction = 0;
+        search.seq = m->value;
         break;
       case olm_newline:
-        base = m->loc + 2;
-        correction = 0;
-        seq = m->value;
+        search.base = m->loc + 2;
+        search.correction = 0;
+        search.seq = m->value;
         break;
     }
   }
+  const char *base = search.base;
   if (base > loc) base = loc;  // on the two bytes that stand for a newline
-  long column = correction + (loc + 1 - base) - static_cast<long>(follower_bytes(base, loc));
-  pos->seq = seq;
+  long column = search.correction + (loc + 1 - base) - static_cast<long>(follower_bytes(base, loc));
+  pos->seq = search.seq;
   pos->column = static_cast<a_column_number>(std::clamp(column, 1L, 65535L));
 }
 

@@ -12,6 +12,8 @@
 #include "source/macro_internal.h"
 #include "source/preproc.h"
 
+std::size_t length_of_args_in_process;
+
 namespace {
 
 a_macro_arg *avail_macro_args;
@@ -188,7 +190,9 @@ void expand_arg(a_macro_arg *arg, const a_source_position *pos) {
   delete_source_from_loc = nullptr;
   in_macro_arg_list = false;
   enter_text_modif(&text);
+  length_of_args_in_process += arg->raw.length;
   expand_text_of_arg(arg);
+  length_of_args_in_process -= arg->raw.length;
   free_modif_children(&text);
   curr_text_modif = saved_modif;
   curr_char_loc = saved_loc;

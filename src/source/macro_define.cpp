@@ -8,6 +8,8 @@
 // Two tokens that stood side by side in the list need no separator, since they will be read as the
 // same two tokens again.
 
+#include <algorithm>
+
 #include "DIAG/error.h"
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
@@ -68,7 +70,57 @@ void put_separator() {
 
 // ---- Parameters --------------------------------------------------------------------------------
 
+// The parameters of a long list by the hash of their names: places of an open table, kept for the
+// next such definition.
+struct a_param_place {
+  const a_macro_param *param;  // null: free
+  std::uint32_t index;
+};
+constexpr std::uint32_t least_hashed_params = 16;
+a_param_place *param_places;
+std::size_t num_param_places;  // a power of two, at least twice the number of parameters
+
+// The place of a name, or the free one where it would stand.
+a_param_place *place_of_param(const char *name, std::size_t length) {
+  std::uint64_t hash = 14695981039346656037u;
+  for (std::size_t i = 0; i < length; ++i)
+    hash = (hash ^ static_cast<unsigned char>(name[i])) * 1099511628211u;
+  for (std::size_t i = (hash * 0x9E3779B97F4A7C15u) >> 32;; ++i) {
+    a_param_place *place = &param_places[i & (num_param_places - 1)];
+    const a_macro_param *p = place->param;
+    if (p == nullptr || (p->length == length && std::memcmp(p->name, name, length) == 0))
+      return place;
+  }
+}
+
+// Called for each parameter that is added; the first one of a name counts.
+void enter_param_place(const a_definition *d) {
+  if (d->num_params < least_hashed_params) return;
+  if (d->num_params == least_hashed_params || 2 * d->num_params > num_param_places) {
+    if (2 * d->num_params > num_param_places) {
+      std::size_t old_size = num_param_places * sizeof(a_param_place);
+      num_param_places = std::max(4 * std::size_t{least_hashed_params}, 2 * num_param_places);
+      param_places = static_cast<a_param_place *>(
+          realloc_buffer(param_places, old_size, num_param_places * sizeof(a_param_place)));
+    }
+    std::memset(param_places, 0, num_param_places * sizeof(a_param_place));
+    std::uint32_t index = 0;
+    for (const a_macro_param *p = d->params; p != nullptr; p = p->next) {
+      ++index;
+      a_param_place *place = place_of_param(p->name, p->length);
+      if (place->param == nullptr) *place = {p, index};
+    }
+    return;
+  }
+  a_param_place *place = place_of_param(d->last_param->name, d->last_param->length);
+  if (place->param == nullptr) *place = {d->last_param, d->num_params};
+}
+
 std::uint32_t index_of_param(const a_definition *d, const char *name, std::size_t length) {
+  if (d->num_params >= least_hashed_params) {
+    const a_param_place *place = place_of_param(name, length);
+    return place->param != nullptr ? place->index : 0;
+  }
   std::uint32_t index = 0;
   for (const a_macro_param *p = d->params; p != nullptr; p = p->next) {
     ++index;
@@ -87,6 +139,7 @@ void add_param(a_definition *d, const char *name, std::size_t length) {
     d->last_param->next = param;
   d->last_param = param;
   ++d->num_params;
+  enter_param_place(d);
 }
 
 bool is_va_args(const char *name, std::size_t length) {

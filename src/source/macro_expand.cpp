@@ -18,6 +18,8 @@
 // An object-like macro whose list is plain text costs no copy: its text is the one stored in the
 // definition.
 
+#include <algorithm>
+
 #include "DIAG/error.h"
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
@@ -31,6 +33,8 @@ int num_macro_invocations_in_process;
 bool in_macro_arg_list;
 
 static constexpr int max_macro_depth = 2000;  // of invocations inside arguments
+// f(f(f(... scans its rest again at each level: the depth alone does not bound the work.
+static constexpr std::size_t max_length_of_args = std::size_t{1} << 26;
 static constexpr int max_pcc_recursion = 300;
 static constexpr std::size_t max_pcc_result = std::size_t{1} << 22;
 
@@ -70,6 +74,7 @@ struct a_substitution {
   char *start;
   char *out;
   char *operand_start;  // of what stands to the left of the next chunk
+  char *unmarked_to;    // in front of this no name of the operand is marked any more; null: none
   bool pasting;         // the last chunk was ##
   a_concatenation_record *concatenations;
   a_concatenation_record *last_concatenation;
@@ -143,7 +148,8 @@ void put_pasted(a_substitution *s, const char *text, std::size_t length) {
   if (length == 0) return;
   bool joins = s->pasting && s->out != s->operand_start;
   if (joins) {
-    unmark_last_name(s->operand_start, s->out);
+    unmark_last_name(std::max(s->operand_start, s->unmarked_to), s->out);
+    s->unmarked_to = s->out;
     if (length > 2 && text[0] == '\0' && text[1] == tm_inert) {
       text += 2;
       length -= 2;
@@ -359,7 +365,8 @@ static bool may_be_expanded_here(a_symbol *macro_symbol, const char *name, bool 
   } else {
     *inert = curr_text_modif != nullptr && is_in_own_expansion(macro_symbol);
     if (*inert) return false;
-    too_deep = num_macro_invocations_in_process >= max_macro_depth;
+    too_deep = num_macro_invocations_in_process >= max_macro_depth ||
+               length_of_args_in_process > max_length_of_args;
   }
   if (!too_deep && !recursion_was_reported) return true;
   if (!recursion_was_reported) {

@@ -74,6 +74,7 @@ char *grow_macro_text(a_macro_text_buffer *buffer, std::size_t needed);
 a_macro_arg *scan_macro_args(a_symbol *macro_symbol, const a_macro_def *def,
                              const a_source_position *pos, bool *failed);
 void free_macro_args(a_macro_arg *args);
+extern std::size_t length_of_args_in_process;  // the arguments that are being expanded, together
 
 // The identifier [name, curr_char_loc) of a scan over macro text is a macro: the scan goes on at
 // curr_char_loc, behind the name if false is returned.

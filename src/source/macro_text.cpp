@@ -12,12 +12,17 @@
 
 // ---- The macro text buffer ---------------------------------------------------------------------
 
+// What is larger is a source that grows without end, not a program.
+static constexpr std::size_t largest_macro_text = std::size_t{1} << 29;
+static constexpr std::size_t largest_macro_arg = std::size_t{1} << 28;
+
 static char *macro_text_space;
 static std::size_t macro_text_space_size;
 static char *macro_text_pos;
 
 char *alloc_macro_text(std::size_t size) {
   if (macro_text_space == nullptr) {
+    macro_text_space_size = largest_macro_text;
     macro_text_space = macro_text_pos = reserve_text_space(&macro_text_space_size);
     *macro_text_pos++ = ' ';
   }
@@ -46,7 +51,7 @@ char *grow_macro_text(a_macro_text_buffer *buffer, std::size_t needed) {
     std::size_t capacity = buffer->capacity * 2;
     if (capacity < buffer->length + needed) capacity = buffer->length + needed + needed / 10;
     if (capacity < 400) capacity = 400;
-    if (capacity > std::size_t{1} << 32) catastrophe(ec_requested_size_too_large);
+    if (capacity > largest_macro_arg) catastrophe(ec_requested_size_too_large);
     buffer->text = static_cast<char *>(realloc_buffer(buffer->text, buffer->capacity, capacity));
     buffer->capacity = capacity;
   }

@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <poll.h>
 #include <sanitizer/common_interface_defs.h>
 #include <sys/mman.h>
 #include <sys/resource.h>
@@ -10,11 +11,13 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csetjmp>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <iterator>
 #include <set>
 
 #include "ANSI/i_gen_be.h"
@@ -26,6 +29,7 @@
 #include "driver/trans_unit.h"
 #include "options/cmd_line.h"
 #include "source/lexical.h"
+#include "source/pp_output.h"
 
 extern "C" {
 // The coverage counters of all instrumented code; the linker gives their bounds.
@@ -44,6 +48,7 @@ namespace {
 constexpr int sanitizer_status = 99;
 constexpr rlim_t max_seconds = 10;
 constexpr long max_resident_kilobytes = 2L << 20;
+constexpr int max_runs_of_worker = 200;
 constexpr rlim_t max_file_bytes = 64 << 20;
 
 bool in_child;
@@ -75,8 +80,11 @@ void remove_folder_contents(bool inputs_too) {
   closedir(directory);
 }
 
+void stop_worker();
+
 void remove_folder() {
   if (in_child) return;
+  stop_worker();
   remove_folder_contents(true);
   rmdir(folder.c_str());
 }
@@ -108,27 +116,29 @@ void compile_unit() {
   process_translation_unit(primary_source_file_name, 1, nullptr);
   fe_wrapup();
   if (total_errors == 0 && !suppress_back_end) back_end();
-  fe_wrapup_part_2();
+  write_signoff();  // and the memory stays, for the free lists that lie in it
 }
 
-[[noreturn]] void be_child(const std::vector<std::string> &words, a_fuzz_depth depth) {
+void prepare_child() {
   in_child = true;
   if (chdir(folder.c_str()) != 0) std::abort();
   std::signal(SIGABRT, SIG_DFL);
-  const rlimit seconds = {max_seconds, max_seconds + 1};
-  setrlimit(RLIMIT_CPU, &seconds);
   const rlimit bytes = {max_file_bytes, max_file_bytes};
   setrlimit(RLIMIT_FSIZE, &bytes);
   std::signal(SIGXFSZ, SIG_IGN);
   const int null_device = open("/dev/null", O_RDWR);
   for (int descriptor : {0, 1, 2})
     dup2(null_device, descriptor);
+}
 
+// One run; comes back when it ends without exit.
+void run_once(const std::vector<std::string> &words, a_fuzz_depth depth) {
   std::vector<char *> argv;
   for (const std::string &word : words)
     argv.push_back(const_cast<char *>(word.c_str()));
   argv.push_back(nullptr);
   f_error = stderr;
+  f_pp_output = f_raw_listing = f_xref_info = nullptr;
   try {
     fe_early_init();
     proc_command_line(static_cast<int>(words.size()), argv.data());
@@ -137,7 +147,118 @@ void compile_unit() {
   } catch (const std::exception &) {
     std::abort();
   }
-  leave_child(0);
+}
+
+// ---- The worker --------------------------------------------------------------------------------
+
+struct a_request {
+  a_fuzz_depth depth;
+  std::size_t num_words;
+  char words[1 << 16];  // each with its null
+};
+a_request *request;  // in memory that is shared with the worker
+pid_t worker;        // 0: none runs
+int to_worker, from_worker;
+int runs_of_worker;
+std::jmp_buf end_of_run;
+bool in_worker;
+
+[[noreturn]] void be_worker(int in, int out) {
+  prepare_child();
+  in_worker = true;
+  for (char byte; read(in, &byte, 1) == 1;) {
+    std::vector<std::string> words;
+    const char *word = request->words;
+    for (std::size_t i = 0; i < request->num_words; ++i, word += std::strlen(word) + 1)
+      words.push_back(word);
+    if (setjmp(end_of_run) == 0) run_once(words, request->depth);
+    std::fflush(nullptr);
+    rusage usage;
+    getrusage(RUSAGE_SELF, &usage);
+    byte = usage.ru_maxrss > max_resident_kilobytes / 2 ? 'm' : '.';
+    if (write(out, &byte, 1) != 1) break;
+  }
+  _exit(0);
+}
+
+void stop_worker() {
+  if (worker == 0) return;
+  kill(worker, SIGKILL);
+  while (waitpid(worker, nullptr, 0) < 0 && errno == EINTR) {
+  }
+  close(to_worker);
+  close(from_worker);
+  worker = 0;
+}
+
+void start_worker() {
+  if (request == nullptr) {
+    request = static_cast<a_request *>(mmap(nullptr, sizeof(a_request), PROT_READ | PROT_WRITE,
+                                            MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+    if (request == MAP_FAILED) std::abort();
+  }
+  int there[2], back[2];
+  if (pipe(there) != 0 || pipe(back) != 0) std::abort();
+  worker = fork();
+  if (worker < 0) std::abort();
+  if (worker == 0) {
+    close(there[1]);
+    close(back[0]);
+    be_worker(there[0], back[1]);
+  }
+  close(there[0]);
+  close(back[1]);
+  to_worker = there[1];
+  from_worker = back[0];
+  runs_of_worker = 0;
+}
+
+// Lets the worker do a run. False: it did not come back as it should.
+bool run_in_worker(const std::vector<std::string> &words, a_fuzz_depth depth) {
+  if (worker != 0 && runs_of_worker++ >= max_runs_of_worker) stop_worker();
+  if (worker == 0) start_worker();
+  request->depth = depth;
+  request->num_words = words.size();
+  char *place = request->words;
+  for (const std::string &word : words) {
+    if (place + word.size() + 1 > std::end(request->words)) return false;
+    place = std::strcpy(place, word.c_str()) + word.size() + 1;
+  }
+  char byte = '.';
+  bool is_back = write(to_worker, &byte, 1) == 1;
+  pollfd answer = {from_worker, POLLIN, 0};
+  int ready;
+  while ((ready = poll(&answer, 1, 2000 * static_cast<int>(max_seconds))) < 0 && errno == EINTR) {
+  }
+  is_back = is_back && ready == 1 && read(from_worker, &byte, 1) == 1 && byte == '.';
+  if (!is_back) stop_worker();
+  return is_back;
+}
+
+// ---- A run of its own --------------------------------------------------------------------------
+
+// What is wrong with the end of a run in a fresh process; null: nothing.
+const char *finding_in_fresh_process(const std::vector<std::string> &words, a_fuzz_depth depth) {
+  const pid_t child = fork();
+  if (child < 0) return nullptr;
+  if (child == 0) {
+    prepare_child();
+    const rlimit seconds = {max_seconds, max_seconds + 1};
+    setrlimit(RLIMIT_CPU, &seconds);
+    run_once(words, depth);
+    leave_child(0);
+  }
+  int status;
+  rusage usage;
+  while (wait4(child, &status, 0, &usage) != child) {
+    if (errno != EINTR) std::abort();  // the fuzzer's clock interrupts
+  }
+  if (WIFSIGNALED(status)) {
+    return WTERMSIG(status) == SIGXCPU ? "too much time" : strsignal(WTERMSIG(status));
+  }
+  if (WEXITSTATUS(status) == sanitizer_status) return "finding of a sanitizer";
+  if (usage.ru_maxrss > max_resident_kilobytes) return "too much memory";
+  return nullptr;
 }
 
 }  // namespace
@@ -152,6 +273,7 @@ const char *__ubsan_default_options() {
 }
 
 void __wrap_exit(int status) {
+  if (in_worker) std::longjmp(end_of_run, 1);
   if (in_child) leave_child(status);
   __real_exit(status);
 }
@@ -174,28 +296,14 @@ void write_input_file(const char *name, const char *text, std::size_t length) {
 
 void run_front_end(const std::vector<std::string> &words, a_fuzz_depth depth) {
   remove_folder_contents(false);
-  const pid_t child = fork();
-  if (child < 0) return;
-  if (child == 0) be_child(words, depth);
-  int status;
-  rusage usage;
-  while (wait4(child, &status, 0, &usage) != child) {
-    if (errno != EINTR) std::abort();  // the fuzzer's clock interrupts
-  }
-  const char *finding = nullptr;
-  if (WIFSIGNALED(status)) {
-    finding = WTERMSIG(status) == SIGXCPU ? "too much time" : strsignal(WTERMSIG(status));
-  } else if (WEXITSTATUS(status) == sanitizer_status || WEXITSTATUS(status) == 77) {
-    finding = "finding of a sanitizer";
-  } else if (usage.ru_maxrss > max_resident_kilobytes) {
-    finding = "too much memory";
-  }
-  if (finding == nullptr) return;
-  std::fprintf(stderr, "==== the run ended with: %s; the command line was:", finding);
+  if (run_in_worker(words, depth)) return;
+  const char *finding = finding_in_fresh_process(words, depth);
+  std::fprintf(stderr, "==== the run ended with: %s; the command line was:",
+               finding != nullptr ? finding : "nothing when it was repeated alone");
   for (const std::string &word : words)
     std::fprintf(stderr, " '%s'", word.c_str());
   std::fputc('\n', stderr);
-  std::abort();
+  if (finding != nullptr) std::abort();
 }
 
 std::vector<std::string> dialect_words(std::uint8_t choice) {

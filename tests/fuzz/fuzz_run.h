@@ -1,10 +1,11 @@
 // One run of the front end for each input, in a child process of the fuzzer.
 //
-// The front end has global state and ends by exit, so an input gets a fork: what it sees is what a
-// process of its own would see, and nothing leaks from one input to the next. The coverage counters
-// lie in memory that parent and child share; that is all that has to come back. Resetting the state
-// in place would be faster by a factor of two or three, but every difference between the first and
-// a later start would be a finding of its own.
+// The front end has global state and ends by exit. A worker process starts it anew for each input
+// by the driver's table of initialisations, as the unit tests do, and jumps back where it calls
+// exit; after some runs it is replaced, since the memory of a run is not given back. When it does
+// not come back, the input runs again in a fresh process, and only what happens there counts: what
+// an earlier input left behind is no finding. The coverage counters lie in memory that parent and
+// children share; that is all that has to come back.
 #ifndef FUZZ_RUN_H
 #define FUZZ_RUN_H
 
