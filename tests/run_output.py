@@ -36,9 +36,11 @@ def misplaced_marks(text):
     return problems
 
 
-def check_text(qxparse, path, write):
+def check_text(qxparse, output_dir, path, write):
     with open(path, encoding='utf-8') as stream:
         options = stream.readline().split('options:')[1].split()
+    if '--no_preproc_only' in options:
+        options.append(f'--i_output_file={os.path.join(output_dir, "beside.if")}')
     run = subprocess.run([qxparse, *options, os.path.basename(path)], cwd=os.path.dirname(path),
                          capture_output=True, timeout=20)
     text = run.stdout.decode('utf-8', 'replace')
@@ -81,7 +83,7 @@ def main():
     os.makedirs(output_dir, exist_ok=True)
     results = []
     for path in sorted(glob.glob(os.path.join(HERE, 'cases', 'output', '*.c'))):
-        results.append((path, check_text(qxparse, path, '--write' in sys.argv)))
+        results.append((path, check_text(qxparse, output_dir, path, '--write' in sys.argv)))
     for path in sorted(glob.glob(os.path.join(HERE, 'programs', '*.c'))):
         results.append((path, check_program(qxparse, ifrun, include_dir, output_dir, path)))
     failed = [r for r in results if r[1]]

@@ -30,6 +30,7 @@ enum a_magic_macro : std::uint8_t {
   mm_stdc,
   mm_counter,
   mm_timestamp,
+  mm_include_level,
   mm_defined,
   mm_pragma_operator,
   mm_has_feature,
@@ -58,6 +59,7 @@ struct a_macro_def {
   const unsigned char *body;  // chunks, ended by a byte 0
   std::uint32_t body_length;  // with that byte
   std::uint32_t text_length;  // not 0: the body is one chunk of text of this length
+  std::uint32_t spacing;      // tells apart lists with other white space beside # and ##
   std::uint32_t open_texts;   // expansions of it that are being read
   a_macro *macro;             // record for the listing; null: not listed
 };

@@ -29,6 +29,7 @@ struct a_definition {
   std::uint32_t num_params;
   a_macro_param *params;
   a_macro_param *last_param;
+  std::uint32_t spacing;  // of the operators in the list
 };
 
 a_macro_text_buffer chunks;   // its chunk string
@@ -212,6 +213,7 @@ struct a_list_scan {
   std::size_t last_param_chunk;  // offset, when left is ln_param
   bool after_blank;
   unsigned num_operators;  // of # and ##
+  std::uint32_t spacing;   // a sum of where white space stands around them
 };
 
 // Characters that join with nothing.
@@ -378,19 +380,29 @@ bool scan_list_token(a_list_scan *scan) {
   return true;
 }
 
+// White space beside # and ## leaves no trace in the chunks, but two definitions that differ in it
+// are not the same.
+void note_spacing(a_list_scan *scan) {
+  bool at_operator = *curr_char_loc == '#' || *curr_char_loc == '%';
+  if (!at_operator && scan->left != ln_paste) return;
+  scan->spacing = scan->spacing * 31 + (scan->after_blank ? 2 : 1);
+}
+
 // The list up to the end of the line, into chunks.
-bool scan_replacement_list(const a_definition *d) {
+bool scan_replacement_list(a_definition *d) {
   chunks.length = 0;
   text_chunk_is_open = false;
-  a_list_scan scan = {d, ln_nothing, 0, false, 0};
+  a_list_scan scan = {d, ln_nothing, 0, false, 0, 0};
   for (;;) {
     kind_of_white_space_skipped = 0;
     skip_white_space();
     scan.after_blank = pcc_preprocessing_mode ? (kind_of_white_space_skipped & wsk_blanks) != 0
                                               : kind_of_white_space_skipped != 0;
     if (*curr_char_loc == '\0') break;
+    note_spacing(&scan);
     if (!scan_list_token(&scan)) return false;
   }
+  d->spacing = scan.spacing;
   if (scan.left == ln_paste) {
     report_at(curr_char_loc, ec_paste_cannot_be_last);
     return false;
@@ -425,7 +437,7 @@ void note_param_uses(const a_definition *d) {
 bool equals_definition(const a_definition *d, const a_macro_def *old) {
   constexpr unsigned form = mf_object_like | mf_variadic;
   if ((d->flags & form) != (old->flags & form) || d->num_params != old->num_params ||
-      old->body == nullptr || old->body_length != chunks.length ||
+      old->body == nullptr || old->body_length != chunks.length || old->spacing != d->spacing ||
       std::memcmp(old->body, chunks.text, chunks.length) != 0)
     return false;
   const a_macro_param *b = old->params;
@@ -466,6 +478,7 @@ void store_definition(const a_definition *d, a_symbol *macro_symbol) {
   def->flags = static_cast<std::uint8_t>(d->flags | kept);
   def->num_params = d->num_params;
   def->params = d->params;
+  def->spacing = d->spacing;
   def->body_length = static_cast<std::uint32_t>(length);
   char *body = static_cast<char *>(alloc_in_region(0, length));
   std::memcpy(body, chunks.text, length);

@@ -94,11 +94,11 @@ std::size_t bound_of_result(const a_macro_def *def, a_macro_arg *const *args) {
     std::uint32_t number = chunk_number(chunk);
     switch (*chunk) {
       case chk_text:
-        bound += number;
+        bound += number + 2;
         chunk += number;
         break;
       case chk_raw:
-        bound += args[number - 1]->raw.length;
+        bound += args[number - 1]->raw.length + 2;
         break;
       case chk_stringize:
       case chk_charize:
@@ -143,6 +143,37 @@ void note_concatenation(a_substitution *s, char *place) {
   add_concatenation_record(&s->concatenations, &s->last_concatenation, place, end, s->macro_symbol);
 }
 
+// The start of the last token of [start, end), which ends with 0,3.
+const char *last_token_of(const char *start, const char *end) {
+  const char *last = start;
+  while (start < end) {
+    if (*start == '\0') {
+      start += 2;
+    } else if (is_blank_char(*start)) {
+      ++start;
+    } else {
+      a_pp_text_kind kind;
+      last = start;
+      start = end_of_pp_token(start, &kind, nullptr);
+    }
+  }
+  return last;
+}
+
+// The length of the first token of a right operand, when more tokens touch it that the token made
+// by the paste would take in:  0x ## E+4  is 0xE, +, 4. Otherwise 0.
+std::size_t length_to_keep_apart(const a_substitution *s, const char *text, std::size_t length) {
+  a_pp_text_kind kind;
+  const char *end = end_of_pp_token(text, &kind, nullptr);
+  std::size_t first = static_cast<std::size_t>(end - text);
+  if (first >= length || *end == '\0' || *end == ' ') return 0;
+  std::memcpy(s->out, text, length);
+  s->out[length] = '\0';
+  s->out[length + 1] = tm_end_of_modif;
+  const char *joined = end_of_pp_token(last_token_of(s->operand_start, s->out), &kind, nullptr);
+  return joined > s->out + first ? first : 0;
+}
+
 // A raw argument, or text behind ##: joins it to what stands to the left.
 void put_pasted(a_substitution *s, const char *text, std::size_t length) {
   if (length == 0) return;
@@ -157,6 +188,16 @@ void put_pasted(a_substitution *s, const char *text, std::size_t length) {
   }
   char *left = s->operand_start;
   char *place = s->out;
+  if (joins) {
+    std::size_t first = length_to_keep_apart(s, text, length);
+    if (first != 0) {
+      put(s, text, first);
+      *s->out++ = '\0';
+      *s->out++ = tm_separator;
+      text += first;
+      length -= first;
+    }
+  }
   put(s, text, length);
   if (joins && check_concatenations) note_concatenation(s, place);
   if (joins) s->operand_start = left;
@@ -280,15 +321,17 @@ void put_all_chunks(a_substitution *s) {
 
 // The invocation from delete_from (in the current text) to curr_char_loc becomes [start, end),
 // which ends with 0,3.
+// is_scanned: the scan goes on in the text; otherwise it only shows in the preprocessed text.
 static a_source_line_modif *replace_invocation(const char *delete_from, const char *start,
                                                const char *end, a_symbol *macro_symbol,
-                                               const a_source_position *pos) {
+                                               const a_source_position *pos,
+                                               bool is_scanned = true) {
   if (start == end && !every_line_is_wanted()) return nullptr;  // nothing is left: the scan goes on
   a_source_line_modif *modif =
       add_source_line_modif(curr_text_modif, delete_from, curr_char_loc, start, end);
   modif->macro_id = macro_symbol;
   modif->fixed_position = *pos;
-  if (start != end) enter_text_modif(modif);
+  if (start != end && is_scanned) enter_text_modif(modif);
   return modif;
 }
 
@@ -350,7 +393,8 @@ static bool expand_magic(a_symbol *macro_symbol, const a_macro_def *def, const c
   std::memcpy(copy, text, length);
   copy[length] = '\0';
   copy[length + 1] = tm_end_of_modif;
-  replace_invocation(delete_from, copy, copy + length, macro_symbol, pos);
+  replace_invocation(delete_from, copy, copy + length, macro_symbol, pos,
+                     def->magic != mm_pragma_operator);
   return true;
 }
 

@@ -22,6 +22,7 @@ const char *cpp_attribute_version(const char *scope, const char *name);
 namespace {
 
 a_text_buffer *magic_text;
+a_text_buffer *pragma_text;
 unsigned long counter_value;
 
 const char *text_of(const char *text, std::size_t *length) {
@@ -89,6 +90,12 @@ const char *timestamp_text(std::size_t *length) {
 const char *counter_text(std::size_t *length) {
   static char text[24];
   *length = static_cast<std::size_t>(std::snprintf(text, sizeof text, "%lu", counter_value++));
+  return text;
+}
+
+const char *include_level_text(std::size_t *length) {
+  static char text[24];
+  *length = static_cast<std::size_t>(std::snprintf(text, sizeof text, "%d", depth_input_stack));
   return text;
 }
 
@@ -311,7 +318,6 @@ const char *has_include_text(a_magic_macro magic, const a_source_position *pos,
 // The text of the string literal at curr_char_loc, without quotes and escapes, with the end of a
 // text behind it. Null when none stands there.
 char *scan_pragma_string() {
-  skip_white_space();
   const char *start = curr_char_loc;
   a_pp_text_kind kind;
   const char *end = end_of_pp_token(start, &kind, nullptr);
@@ -329,7 +335,8 @@ char *scan_pragma_string() {
   return text;
 }
 
-void process_pragma_text(const char *text, const a_source_position *pos) {
+// Carries the pragma out. True: it is there for whoever reads the preprocessed text.
+bool process_pragma_text(const char *text, const a_source_position *pos) {
   bool saved_expand = expand_macros;
   bool saved_fetch = fetch_pp_tokens;
   bool saved_directive = in_preprocessing_directive;
@@ -341,30 +348,38 @@ void process_pragma_text(const char *text, const a_source_position *pos) {
   begin_inserted_text(text, pos, &place);
   a_source_position name_position = *pos;
   a_pragma_kind_description *description = look_up_pragma_id(&name_position);
+  bool passed_on = generate_pp_output && pragma_is_passed_on(description);
   if (description != nullptr && pragma_must_be_directive(description))
     pos_error(ec_invalid_pragma_operator, pos);
-  else
+  else if (!(do_preprocessing_only && generate_pp_output) ||
+           pragma_acts_in_preprocessing(description))
     record_pragma(description, pos, &name_position, false);
   end_inserted_text(&place);
   pop_lexical_state_stack();
   expand_macros = saved_expand;
   fetch_pp_tokens = saved_fetch;
   in_preprocessing_directive = saved_directive;
+  return passed_on;
 }
 
-// _Pragma ( string )
+// _Pragma ( string ): nothing of it is scanned again. In the preprocessed text it stays, so that to
+// compile that text is to compile the source.
 const char *pragma_operator_text(const a_source_position *pos, std::size_t *length) {
-  // Inside the arguments of a macro the operator waits until the result is scanned, and in
-  // preprocessed text it stays for the compilation of that text.
+  // Inside the arguments of a macro the operator waits until the result is scanned.
   if (macro_depth > 1 || in_macro_arg_list) return nullptr;
-  if (do_preprocessing_only && generate_pp_output) return nullptr;
+  reset_text_buffer(pragma_text);
   if (skip_char('(', ec_exp_lparen)) {
+    skip_white_space();
+    const char *literal = curr_char_loc;
     char *text = scan_pragma_string();
     if (text == nullptr) {
       report_here(ec_exp_string_literal);
       skip_to_rparen_in_text();
     } else {
-      process_pragma_text(text, pos);
+      f_add_string_to_text_buffer(pragma_text, "_Pragma(");
+      add_to_text_buffer(pragma_text, literal, static_cast<std::size_t>(curr_char_loc - literal));
+      add_char_to_text_buffer(pragma_text, ')');
+      if (!process_pragma_text(text, pos)) reset_text_buffer(pragma_text);
       release_macro_text_from(text);
       if (!skip_char(')', ec_exp_rparen)) expect_syntax_error_after(0);
     }
@@ -372,7 +387,8 @@ const char *pragma_operator_text(const a_source_position *pos, std::size_t *leng
   } else {
     expect_syntax_error_after(0);
   }
-  return text_of("", length);
+  *length = pragma_text->size_used;
+  return pragma_text->buffer;
 }
 
 }  // namespace
@@ -390,6 +406,8 @@ const char *magic_macro_text(a_symbol *macro_symbol, const a_macro_def *def,
       return stdc_text(length);
     case mm_counter:
       return counter_text(length);
+    case mm_include_level:
+      return include_level_text(length);
     case mm_timestamp:
       return timestamp_text(length);
     case mm_defined:
@@ -412,6 +430,9 @@ const char *magic_macro_text(a_symbol *macro_symbol, const a_macro_def *def,
 }
 
 void init_magic_macros() {
-  if (magic_text == nullptr) magic_text = alloc_text_buffer(256);
+  if (magic_text == nullptr) {
+    magic_text = alloc_text_buffer(256);
+    pragma_text = alloc_text_buffer(64);
+  }
   counter_value = 0;
 }

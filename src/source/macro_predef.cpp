@@ -192,6 +192,7 @@ void enter_magic_macros() {
   if (gnu_mode) {
     enter_magic_macro("__COUNTER__", mm_counter);
     enter_magic_macro("__TIMESTAMP__", mm_timestamp);
+    enter_magic_macro("__INCLUDE_LEVEL__", mm_include_level);  // foreign headers ask
   }
   enter_magic_macro("__has_feature", mm_has_feature);
   enter_magic_macro("__has_extension", mm_has_extension);

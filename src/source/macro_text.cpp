@@ -161,7 +161,10 @@ const char *end_of_punctuator(const char *p) {
     case '#':
       return p[1] == '#' ? p + 2 : p + 1;
     case '.':
+      if (p[1] == '*' && in_cplusplus()) return p + 2;
       return p[1] == '.' && p[2] == '.' ? p + 3 : p + 1;
+    case ':':
+      return p[1] == ':' && in_cplusplus() ? p + 2 : p + 1;
     case '%':
       if (p[1] == ':' && alternative_tokens_allowed)
         return p[2] == '%' && p[3] == ':' ? p + 4 : p + 2;
@@ -171,7 +174,7 @@ const char *end_of_punctuator(const char *p) {
       if (p[1] == *p) ++p;
       break;
     case '-':
-      if (p[1] == '>') return p + 2;
+      if (p[1] == '>') return p[2] == '*' && in_cplusplus() ? p + 3 : p + 2;
       [[fallthrough]];
     case '+':
     case '&':

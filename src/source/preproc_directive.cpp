@@ -227,6 +227,18 @@ static void unknown_directive() {
 
 // ---- Pragmas -----------------------------------------------------------------------------------
 
+bool pragma_acts_in_preprocessing(const a_pragma_kind_description *description) {
+  return description != nullptr &&
+         (pragma_is_preprocessor_mode(description) || pragma_is_gcc_system_header(description));
+}
+
+// What has had its whole effect is not there for whoever reads the preprocessed text.
+bool pragma_is_passed_on(const a_pragma_kind_description *description) {
+  return description == nullptr ||
+         !(pragma_is_push_or_pop_macro(description) || pragma_is_gcc_system_header(description) ||
+           (curr_ise->is_include && pragma_is_once(description)));
+}
+
 // #pragma name ...: its tokens are read by the pragma's owner. With output of preprocessed text the
 // line is passed on, unless preprocessing itself carries the pragma out.
 void pp_pragma_directive() {
@@ -237,19 +249,12 @@ void pp_pragma_directive() {
   a_source_position name_position;
   source_position_at(curr_char_loc, &name_position);
   a_pragma_kind_description *description = look_up_pragma_id(&name_position);
-  bool is_system_header = description != nullptr && pragma_is_gcc_system_header(description);
-  bool hidden_from_output =
-      description != nullptr &&
-      (pragma_is_push_or_pop_macro(description) ||
-       (output_only &&
-        (is_system_header || (curr_ise->is_include && pragma_is_once(description)))));
-  if (output_only && !is_system_header &&
-      !(description != nullptr && pragma_is_preprocessor_mode(description))) {
+  bool passed_on = generate_pp_output && pragma_is_passed_on(description);
+  if (output_only && !pragma_acts_in_preprocessing(description))
     drop_rest_of_line();
-  } else {
+  else
     record_pragma(description, &pos_of_directive, &name_position, false);
-  }
-  if (generate_pp_output && !hidden_from_output) {
+  if (passed_on) {
     do_not_put_curr_line_in_pp_output = false;
     pass_pp_directive_to_output = true;
   }

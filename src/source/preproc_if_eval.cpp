@@ -217,17 +217,30 @@ a_pp_value negate(a_pp_value a, const char *loc) {
   return {-a.bits, a.is_unsigned};
 }
 
+// The unary operator at p, where not and compl are words for ! and ~ in C++; 0: none. Its length.
+char unary_operator_at(const char *p, int *length) {
+  char c = *p;
+  *length = 1;
+  if (c == '!' || c == '-' || c == '~' || c == '+') return operator_has_length(p, 1) ? c : '\0';
+  if ((c != 'n' && c != 'c') || !in_cplusplus() || !alternative_tokens_allowed) return '\0';
+  *length = c == 'n' ? 3 : 5;
+  if (std::strncmp(p, c == 'n' ? "not" : "compl", static_cast<std::size_t>(*length)) != 0 ||
+      !operator_has_length(p, *length))
+    return '\0';
+  return c == 'n' ? '!' : '~';
+}
+
 a_pp_value scan_unary() {
   skip_white_space();
   const char *start = curr_char_loc;
-  char c = *start;
-  bool is_operator = c == '!' || c == '-' || c == '~' || c == '+';
-  if (!is_operator || !operator_has_length(start, 1)) return scan_primary();
+  int length;
+  char c = unary_operator_at(start, &length);
+  if (c == '\0') return scan_primary();
   if (++nesting > max_nesting) {
     fail_at(curr_char_loc, ec_program_too_large);
     return {};
   }
-  ++curr_char_loc;
+  curr_char_loc += length;
   a_pp_value value = scan_unary();
   --nesting;
   switch (c) {

@@ -6,6 +6,8 @@
 #include "source/lexical.h"
 #include "source/preproc.h"
 
+struct a_pragma_kind_description;  // of target/pragma
+
 // ---- Pushing a file ----------------------------------------------------------------------------
 
 struct an_include_request {
@@ -95,5 +97,9 @@ void skip_group(bool stop_at_else);
 void pp_include_directive(bool is_next);
 void pp_line_directive(bool is_digit_form);
 void pp_pragma_directive();
+// Of a pragma whose name was just read (null: unknown): is it carried out although only
+// preprocessing is asked for, and does it stay in the preprocessed text?
+bool pragma_acts_in_preprocessing(const a_pragma_kind_description *description);
+bool pragma_is_passed_on(const a_pragma_kind_description *description);
 
 #endif

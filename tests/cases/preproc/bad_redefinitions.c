@@ -26,10 +26,13 @@
 //      ^
 // expect: warning #48 incompatible redefinition of macro "f"
 #undef f
-#define f(a) #a
+#define f(a)#a
 #define f(a) # a
 #define g(a) a ## 1
+#define g(a) a	##  1
 #define g(a) a##1
+//      ^
+// expect: warning #48 incompatible redefinition of macro "g"
 #define h() 1
 #define h 1
 //      ^
