@@ -338,7 +338,7 @@ bool scan_list_token(a_list_scan *scan) {
   bool raw_string;
   const char *end = end_of_pp_token(start, &kind, &raw_string);
   std::size_t length = static_cast<std::size_t>(end - start);
-  bool is_sharp = *start == '#' || (*start == '%' && length >= 2);
+  bool is_sharp = *start == '#' || (length >= 2 && *start == '%' && start[1] == ':');
   if (kind == ptk_punctuator && is_sharp) {
     bool is_paste = *start == '#' ? length == 2 : length == 4;
     if (is_paste || (is_function_like && !pcc_preprocessing_mode)) check_misra_operator(scan);
