@@ -112,12 +112,13 @@ def main():
         note = messages.split('\n')[0] if status not in (0, 1) else ''
         return path, 'differs', f'{note} expected {" ".join(a[where - 3:where + 5])} | found {" ".join(b[where - 3:where + 5])}'
 
+    results = []
     with concurrent.futures.ThreadPoolExecutor(2) as pool:
-        results = list(pool.map(compare, enumerate(paths)))
+        for path, kind, text in pool.map(compare, enumerate(paths)):
+            results.append((path, kind, text))
+            if kind == 'differs':
+                print(f'{path}: {text}'[:400], flush=True)
     count = {kind: sum(1 for r in results if r[1] == kind) for kind in ('refused', 'equal', 'lines', 'differs')}
-    for path, kind, text in results:
-        if kind == 'differs':
-            print(f'{path}: {text}'[:400])
     total = sum(r[2] for r in results if r[1] == 'equal')
     print(f'{len(paths)} files, {count["refused"]} refused by the other compiler, {count["equal"]} equal '
           f'({total} tokens), {count["lines"]} differ in __LINE__ inside long invocations only, {count["differs"]} differ')

@@ -63,6 +63,7 @@ int pp_lexical_category(char c) {
 bool chars_would_join(char next) {
   int category = pp_lexical_category(last_char);
   if (category != 1 && category == pp_lexical_category(next)) return true;
+  if (next == '\'' && category == 2 && digit_separators_enabled) return true;
   bool is_quote = next == '"' || next == '\'';
   switch (last_char) {
     case '+':
