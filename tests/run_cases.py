@@ -148,7 +148,7 @@ def main():
     if not cases:
         root = os.path.join(os.path.dirname(os.path.abspath(__file__)), 'cases')
         for folder, _, files in sorted(os.walk(root)):
-            if os.path.basename(folder) in ('options', 'output'):
+            if os.path.basename(folder) in ('diag', 'options', 'output'):
                 continue  # the inputs of run_options.py and run_output.py
             cases += [os.path.join(folder, f) for f in sorted(files) if f.endswith(('.c', '.cpp'))]
     failed = 0

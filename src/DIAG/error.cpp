@@ -423,7 +423,7 @@ static void report_failed_invariant(const char *file, int line, const char *func
 static void clear_counts() {
   total_errors = total_warnings = total_remarks = total_catastrophes = 0;
   processing_catastrophe = processing_internal_error = false;
-  pos_of_last_syntax_error = null_source_position;
+  error_families_init();
 }
 
 void error_early_init() {

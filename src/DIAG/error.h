@@ -91,6 +91,8 @@ struct a_diag_hooks {
   // Name, line, and whether it lies just past the end of the source, for a sequence number.
   void (*file_and_line)(std::uint32_t seq, const char **file, std::uint32_t *line, bool *at_end);
   bool (*in_system_header)(std::uint32_t seq);
+  // Was the option given that goes with a warning of a C++11 feature used as an extension?
+  bool (*gnu_cpp11_warning_is_inhibited)(int code);
   std::FILE *(*raw_listing)();  // null: none is written
   void (*finish_raw_listing)();
 };

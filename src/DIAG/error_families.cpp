@@ -1,11 +1,13 @@
 // The reporting families: each makes a record, adds its arguments in order, and ends the message.
 #include <cstring>
+#include <set>
 
 #include "DIAG/error_internal.h"
 #include "UTIL/basics.h"
 #include "driver/host_envir.h"
 
-a_source_position pos_of_last_syntax_error;
+static a_source_position pos_of_last_syntax_error;
+static std::set<int> gnu_cpp11_extensions_reported;  // by code, in this compilation
 
 namespace {
 
@@ -307,8 +309,15 @@ void embedded_cplusplus_noncompliance_diagnostic(const a_source_position *pos, a
 }
 
 void f_report_gnu_cpp11_extensions_if_needed(const a_source_position *pos, an_error_code code) {
-  static bool reported[num_error_codes];
-  if (reported[code]) return;
-  reported[code] = true;
+  if (diag_hooks.gnu_cpp11_warning_is_inhibited != nullptr &&
+      diag_hooks.gnu_cpp11_warning_is_inhibited(code)) {
+    return;
+  }
+  if (!gnu_cpp11_extensions_reported.insert(code).second) return;
   report(es_warning, code, pos);
+}
+
+void error_families_init() {
+  pos_of_last_syntax_error = null_source_position;
+  gnu_cpp11_extensions_reported.clear();
 }

@@ -352,8 +352,9 @@ void write_to_raw_listing(const a_diagnostic *d, const char *text) {
   if (d->position.seq == 0) {
     std::fputs(" \"\" 0 0 ", listing);
   } else {
-    std::fprintf(listing, " \"%s\" %lu %d ", format_file_name(d->file),
-                 static_cast<unsigned long>(d->line), d->position.column);
+    std::fputs(" \"", listing);
+    write_file_name(d->file, listing, true, false);
+    std::fprintf(listing, "\" %lu %d ", static_cast<unsigned long>(d->line), d->position.column);
   }
   if (d->severity == es_internal_error) std::fputs("(internal error) ", listing);
   std::fputs(text, listing);
@@ -375,7 +376,7 @@ void write_source_line(const a_diagnostic *d, a_text_buffer *out) {
       continue;
     }
     add_char_to_text_buffer(out, *p == '\t' ? '\t' : ' ');
-    p += f_mbc_length(p, nullptr, true);
+    p += f_mbc_length(p, nullptr, multibyte_chars_in_source_enabled);
   }
   f_add_string_to_text_buffer(out, "^\n");
 }

@@ -53,8 +53,8 @@ a_diagnostic *alloc_diagnostic(a_diagnostic_kind kind, an_error_severity severit
 void free_diagnostic(a_diagnostic *d);
 void append_to_diag_list(a_diag_list *list, a_diagnostic *d);
 
-// error_families.cpp: where the last syntax error of this compilation was reported.
-extern a_source_position pos_of_last_syntax_error;
+// error_families.cpp: forgets what was reported once.
+void error_families_init();
 
 // error_overrides.cpp: the severity that holds for a code at a position.
 an_error_severity effective_severity(an_error_code code, an_error_severity severity,

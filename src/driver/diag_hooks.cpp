@@ -8,6 +8,7 @@
 #include "driver/signal_place.h"
 #include "il/il_entity.h"
 #include "il/src_seq.h"
+#include "options/cmd_line.h"
 #include "semantics/scope_stk.h"
 #include "semantics/symbol_tbl.h"
 #include "source/input_stack.h"
@@ -51,6 +52,7 @@ void connect_diagnostics() {
   diag_hooks.flush_tokens = flush_tokens;
   diag_hooks.file_and_line = get_file_and_line;
   diag_hooks.in_system_header = seq_is_in_system_header;
+  diag_hooks.gnu_cpp11_warning_is_inhibited = cmd_line_option_inhibits_gnu_cpp11_extension_warning;
   diag_hooks.raw_listing = get_raw_listing;
   diag_hooks.finish_raw_listing = finish_raw_listing_file;
 }

@@ -20,6 +20,7 @@ char *end_of_curr_source_line;
 const char *curr_char_loc;
 std::uint32_t curr_seq_number;
 std::uint32_t seq_number_last_read;
+bool curr_line_is_skipped;
 bool end_of_all_input;
 bool source_columns_need_computation;
 an_orig_line_modif *orig_line_modif_list;
@@ -350,6 +351,7 @@ bool read_logical_source_line(bool pop_at_end, bool continuation) {
   curr_char_loc = curr_source_line;
   copy_logical_line(curr_source_line);
   first_token_on_line_seen = false;
+  curr_line_is_skipped = currently_in_pp_if_skip;
   do_not_put_curr_line_in_pp_output =
       currently_in_pp_if_skip || (in_preprocessing_directive && !pass_pp_directive_to_output);
   if (ignored_trigraph != nullptr) report_ignored_trigraph();

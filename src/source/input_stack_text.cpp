@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "DIAG/error.h"
+#include "driver/host_envir.h"
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
 #include "source/input_stack_internal.h"
@@ -207,8 +208,15 @@ static std::size_t follower_bytes(const char *from, const char *to) {
     counted_from = counted_to = from;
     counted_followers = 0;
   }
-  for (; counted_to < to; ++counted_to)
-    if ((static_cast<unsigned char>(*counted_to) & 0xC0) == 0x80) ++counted_followers;
+  while (counted_to < to) {
+    if (static_cast<unsigned char>(*counted_to) < 0x80) {
+      ++counted_to;
+      continue;
+    }
+    const int length = f_mbc_length(counted_to, nullptr, true);
+    counted_to += length;
+    counted_followers += static_cast<std::size_t>(length - 1);
+  }
   return counted_followers;
 }
 

@@ -309,7 +309,7 @@ void gen_raw_listing_for_curr_line() {
   static std::uint32_t last_listed;
   if (last_listed == curr_seq_number) return;
   last_listed = curr_seq_number;
-  putc_unlocked(currently_in_pp_if_skip ? 'S' : 'N', f_raw_listing);
+  putc_unlocked(curr_line_is_skipped ? 'S' : 'N', f_raw_listing);
   std::fwrite(curr_source_line, 1,
               static_cast<std::size_t>(end_of_curr_source_line - curr_source_line), f_raw_listing);
   putc_unlocked('\n', f_raw_listing);

@@ -1,0 +1,3 @@
+﻿int été = undef1;
+int b = /* €😀 */ undef2;
+const char *s = "😀" + undef3;

@@ -1,0 +1,3 @@
+
+int from_inner = undef_i;
+int o;

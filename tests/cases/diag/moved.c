@@ -1,0 +1,1 @@
+#include "std_types.h"

@@ -1,0 +1,2 @@
+int in_word(void) {
+  return 1;

@@ -1,0 +1,3 @@
+int o = undef_o;
+#include "inner.h"
+int other = undef_other;

@@ -1,0 +1,3 @@
+#include <sys.h>
+int dup;
+static int unused2;
