@@ -384,7 +384,7 @@ bool scan_list_token(a_list_scan *scan) {
 // are not the same.
 void note_spacing(a_list_scan *scan) {
   bool at_operator = *curr_char_loc == '#' || *curr_char_loc == '%';
-  if (!at_operator && scan->left != ln_paste) return;
+  if (scan->left == ln_nothing || (!at_operator && scan->left != ln_paste)) return;
   scan->spacing = scan->spacing * 31 + (scan->after_blank ? 2 : 1);
 }
 
