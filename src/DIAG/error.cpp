@@ -423,7 +423,7 @@ static void report_failed_invariant(const char *file, int line, const char *func
 static void clear_counts() {
   total_errors = total_warnings = total_remarks = total_catastrophes = 0;
   processing_catastrophe = processing_internal_error = false;
-  error_families_init();
+  forget_what_was_reported_once();
 }
 
 void error_early_init() {

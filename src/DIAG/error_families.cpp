@@ -317,7 +317,7 @@ void f_report_gnu_cpp11_extensions_if_needed(const a_source_position *pos, an_er
   report(es_warning, code, pos);
 }
 
-void error_families_init() {
+void forget_what_was_reported_once() {
   pos_of_last_syntax_error = null_source_position;
   gnu_cpp11_extensions_reported.clear();
 }

@@ -54,7 +54,7 @@ void free_diagnostic(a_diagnostic *d);
 void append_to_diag_list(a_diag_list *list, a_diagnostic *d);
 
 // error_families.cpp: forgets what was reported once.
-void error_families_init();
+void forget_what_was_reported_once();
 
 // error_overrides.cpp: the severity that holds for a code at a position.
 an_error_severity effective_severity(an_error_code code, an_error_severity severity,

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -249,6 +250,291 @@ TEST_F(Messages, SupplementsAndNotesStandBelow) {
   EXPECT_EQ(notes.head, nullptr);
 }
 
+// The text and its continuation lines of a message without position or number.
+std::string laid_out(const std::string &text) {
+  static std::string kept;
+  kept = text;
+  pos_st_error(ec_error_directive, nullptr, kept.c_str());
+  return kept;
+}
+
+TEST_F(Messages, ALineEndsAtColumn79) {
+  brief_diagnostics = display_error_number = false;
+  const std::string header = "Error: #error directive: ";
+  // A last word that ends in column 79 stays; one column more takes it below.
+  const std::string words(79 - header.size() - 3, 'a');
+  laid_out(words + " bc");
+  EXPECT_EQ(output(), header + words + " bc\n\n");
+  laid_out(words + " bcd");
+  EXPECT_EQ(output(), header + words + "\n          bcd\n\n");
+  // A blank in column 80 is where the line ends.
+  laid_out(words + " bc d");
+  EXPECT_EQ(output(), header + words + " bc\n          d\n\n");
+  // A character of several bytes takes one column, and is never cut.
+  std::string letters;
+  for (int i = 0; i < 100; ++i)
+    letters += "\xC3\xA4";
+  laid_out(letters);
+  const std::string text = output();
+  EXPECT_EQ(text, "Error: #error directive:\n          " + letters.substr(0, 138) + "\n          " +
+                      letters.substr(138) + "\n\n");
+  do_not_wrap_diagnostics = true;
+  laid_out(letters);
+  EXPECT_EQ(output(), header + letters + "\n\n");
+}
+
+TEST_F(Messages, PartsAreIndentedAndWrapped) {
+  brief_diagnostics = false;
+  const a_source_position pos = at(4), far = at(7);
+  const std::string word(90, 'w');
+  a_diag_list notes{};
+  more_info_diagnostic(ec_bad_token, &far, &notes);
+  a_diagnostic *d = pos_start_error(ec_missing_endif, &pos);
+  str_add_diag_info(d, ect_3016, word.c_str());
+  copy_str_add_diag_info(d, ect_3016, "short");
+  add_more_info_list(d, &notes);
+  end_diagnostic(d);
+  EXPECT_EQ(output(),
+            "\"file.c\", line 4 (col. 1): error #38: the #endif for this directive is missing\n" +
+                std::string(12, ' ') + std::string(67, 'w') + "\n" + std::string(22, ' ') +
+                std::string(23, 'w') +
+                "\n            short\n"
+                "\"file.c\", line 7 (col. 1): note #7-D: unrecognized token\n\n");
+}
+
+TEST_F(Messages, TheUserChangesNotesToo) {
+  const a_source_position pos = at(4);
+  auto report = [&] {
+    a_diag_list notes{};
+    more_info_diagnostic(ec_bad_token, &pos, &notes);
+    more_info_diagnostic(ec_nested_comment, &pos, &notes);
+    a_diagnostic *d = pos_start_diagnostic(es_warning, ec_missing_endif, &pos);
+    add_more_info_list(d, &notes);
+    end_diagnostic(d);
+  };
+  set_severity_for_error_number(ec_bad_token, es_none, nullptr, true);
+  report();
+  EXPECT_EQ(output(),
+            "\"file.c\", line 4: warning #38-D: the #endif for this directive is missing\n"
+            "\"file.c\", line 4: note #9-D: nested comment is not allowed\n");
+  set_severity_for_error_number(ec_missing_endif, es_none, nullptr, true);
+  report();
+  more_info_diagnostic(ec_bad_token, &pos, nullptr);
+  EXPECT_EQ(output(), "");
+  more_info_diagnostic(ec_nested_comment, nullptr, nullptr);
+  EXPECT_EQ(output(), "Note #9-D: nested comment is not allowed\n");
+  EXPECT_EQ(total_warnings + total_remarks + total_errors, 1u);
+}
+
+TEST_F(Messages, ArgumentsOfEveryKind) {
+  diag_hooks.form_type = [](a_type *, a_text_buffer *out) {
+    f_add_string_to_text_buffer(out, "int *");
+  };
+  diag_hooks.form_symbol_name = [](a_symbol *, const a_symbol_form *form, a_text_buffer *out) {
+    if (!form->omit_kind) f_add_string_to_text_buffer(out, "variable ");
+    f_add_string_to_text_buffer(out, form->full_signature ? "\"f(int)\"" : "\"x\"");
+  };
+  static a_source_position declared;
+  diag_hooks.position_of_symbol = [](a_symbol *) -> const a_source_position * { return &declared; };
+  auto *symbol = reinterpret_cast<a_symbol *>(&declared);
+  auto *type = reinterpret_cast<a_type *>(&declared);
+  const a_source_position pos = at(1);
+  auto text_after = [&](std::size_t skipped) { return output().substr(skipped); };
+  const std::size_t header = std::strlen("\"file.c\", line 1: error #148: ");
+  declared = at(7);
+  pos_sy_error(ec_not_compatible_with_previous_decl, &pos, symbol);
+  EXPECT_EQ(text_after(header),
+            "declaration is incompatible with variable \"f(int)\" (declared at line 7)\n");
+  declared = at(150);
+  pos_sy_error(ec_not_compatible_with_previous_decl, &pos, symbol);
+  EXPECT_EQ(text_after(header),
+            "declaration is incompatible with variable \"f(int)\" (declared at line 51 of "
+            "\"sys.h\")\n");
+  declared = at(1000);
+  pos_sy_error(ec_not_compatible_with_previous_decl, &pos, symbol);
+  EXPECT_EQ(text_after(header),
+            "declaration is incompatible with variable \"f(int)\" (at end of source)\n");
+  declared = at(0);
+  pos_sy_error(ec_not_compatible_with_previous_decl, &pos, symbol);
+  EXPECT_EQ(text_after(header),
+            "declaration is incompatible with variable \"f(int)\" (declared implicitly)\n");
+  // 145: "a value of type %t1 cannot be used to initialize an entity of type %t2"
+  pos_ty2_error(ec_bad_initializer_type, &pos, type, type);
+  EXPECT_EQ(text_after(header),
+            "a value of type \"int *\" cannot be used to initialize an entity of type \"int *\"\n");
+}
+
+// ---- Instances of templates --------------------------------------------------------------------
+
+int open_contexts;
+an_instantiation_context_kind context_kind;
+void open_contexts_of(int count, an_instantiation_context_kind kind) {
+  open_contexts = count;
+  context_kind = kind;
+  // Every second entry of the stack is an instance; the name of its symbol is the depth.
+  diag_hooks.scope_stack_depth = [] { return 2 * open_contexts; };
+  diag_hooks.instantiation_context_of = [](int depth, a_symbol **symbol,
+                                           const a_source_position **position) {
+    static a_source_position places[64];
+    places[depth] = at(static_cast<std::uint32_t>(depth));
+    *symbol = reinterpret_cast<a_symbol *>(&places[depth]);
+    *position = &places[depth];
+    return depth % 2 != 0 ? context_kind : ick_none;
+  };
+  diag_hooks.form_symbol_name = [](a_symbol *symbol, const a_symbol_form *, a_text_buffer *out) {
+    const auto depth = reinterpret_cast<a_source_position *>(symbol)->seq;
+    f_add_string_to_text_buffer(out, ("f" + std::to_string(depth)).c_str());
+  };
+}
+
+TEST_F(Messages, TellsOfWhatTheTextIsAnInstance) {
+  display_error_number = false;
+  const a_source_position pos = at(90);
+  const std::string message = "\"file.c\", line 90: error: unrecognized token\n";
+  const struct {
+    an_instantiation_context_kind kind;
+    const char *text;
+  } rows[] = {
+      {ick_instantiation, "instantiation of f1 at line 1"},
+      {ick_member_instantiation, "instantiation of f1 at line 1"},
+      {ick_implicit_generation, "implicit generation of f1 at line 1"},
+      {ick_implicit_definition, "implicit definition of f1 at line 1"},
+      {ick_template_argument_list, "processing of template argument list for f1 at line 1"}};
+  for (const auto &row : rows) {
+    open_contexts_of(1, row.kind);
+    pos_error(ec_bad_token, &pos);
+    EXPECT_EQ(output(), message + "          detected during " + row.text + "\n");
+  }
+  open_contexts_of(2, ick_implicit_generation);
+  pos_error(ec_bad_token, &pos);
+  EXPECT_EQ(output(), message +
+                          "          detected during:\n"
+                          "            implicit generation of f3 at line 3\n"
+                          "            implicit generation of f1 at line 1\n");
+  // Notes tell it once, with their message.
+  more_info_diagnostic(ec_bad_token, &pos, nullptr);
+  EXPECT_EQ(output(), "\"file.c\", line 90: note: unrecognized token\n");
+}
+
+TEST_F(Messages, LeavesOutTheMiddleOfManyContexts) {
+  display_error_number = false;
+  const a_source_position pos = at(90);
+  auto lines_with = [&](int count, int limit) {
+    open_contexts_of(count, ick_instantiation);
+    context_limit = limit;
+    pos_error(ec_bad_token, &pos);
+    const std::string text = output();
+    return text.substr(text.find("detected"));
+  };
+  auto line = [](int depth) {
+    const std::string number = std::to_string(depth);
+    return "            instantiation of f" + number + " at line " + number + "\n";
+  };
+  EXPECT_EQ(lines_with(12, 4), "detected during:\n" + line(23) + line(21) +
+                                   "            [ 8 instantiation contexts not shown ]\n" +
+                                   line(3) + line(1));
+  // One more than the limit is shown: the line about it would be no shorter.
+  EXPECT_EQ(lines_with(5, 4),
+            "detected during:\n" + line(9) + line(7) + line(5) + line(3) + line(1));
+  const std::string all = lines_with(30, 0);
+  EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 31);
+}
+
+TEST_F(Messages, InstancesDoNotRepeatOneAnother) {
+  static std::int64_t scope;
+  static bool in_template;
+  diag_hooks.scope_stack_depth = [] { return 0; };
+  diag_hooks.template_scope = [](std::int64_t *id) {
+    *id = scope;
+    return in_template;
+  };
+  const a_source_position pos = at(5);
+  auto shown = [&](std::int64_t id) {
+    scope = id;
+    pos_error(ec_bad_token, &pos);
+    return !output().empty();
+  };
+  in_template = true;
+  EXPECT_TRUE(shown(1));
+  in_template = false;
+  EXPECT_FALSE(shown(2));
+  EXPECT_FALSE(shown(2));
+  EXPECT_FALSE(shown(3));
+  const a_source_position other = at(5, 9);
+  pos_error(ec_bad_token, &other);
+  pos_error(ec_bad_token, &other);  // outside templates nothing is remembered
+  EXPECT_EQ(total_errors, 3u);
+}
+
+// ---- The raw listing ---------------------------------------------------------------------------
+
+TEST_F(Messages, TheListingTakesEachMessageInALine) {
+  static std::FILE *listing;
+  char *text = nullptr;
+  std::size_t size = 0;
+  listing = open_memstream(&text, &size);
+  diag_hooks.raw_listing = [] { return listing; };
+  error_threshold = es_remark;
+  const a_source_position pos = at(4, 7);
+  a_diag_list notes{};
+  more_info_diagnostic(ec_bad_token, &pos, &notes);
+  a_diagnostic *d = pos_start_diagnostic(es_warning, ec_bad_token, &pos);
+  str_add_diag_info(d, ect_3016, "more");
+  add_more_info_list(d, &notes);
+  end_diagnostic(d);
+  pos_remark(ec_bad_token, &pos);
+  pos_diagnostic(es_advice, ec_bad_token, &pos);
+  pos_diagnostic(es_discretionary_error, ec_bad_token, &pos);
+  pos_error(ec_bad_token, nullptr);
+  str_command_line_warning(ec_cl_invalid_option, "--x");
+  std::fclose(listing);
+  EXPECT_STREQ(text,
+               "W \"file.c\" 4 7 unrecognized token\n"
+               "w \"\" 0 0 more\n"
+               "R \"file.c\" 4 7 unrecognized token\n"
+               "A \"file.c\" 4 7 unrecognized token\n"
+               "E \"file.c\" 4 7 unrecognized token\n"
+               "E \"\" 0 0 unrecognized token\n"
+               "W \"\" 0 0 invalid option: --x\n");
+  std::free(text);
+  EXPECT_EQ(total_remarks, 2u);
+  EXPECT_EQ(total_warnings, 2u);
+  EXPECT_EQ(total_errors, 2u);
+}
+
+TEST_F(Messages, PushesNest) {
+  auto severity_at = [](std::uint32_t line) {
+    const a_source_position pos = at(line);
+    return !is_effective_diagnostic(ec_bad_token, es_warning, &pos) ? 0
+           : is_effective_error(ec_bad_token, es_warning, &pos)     ? 9
+                                                                    : 6;
+  };
+  auto change = [](an_error_severity severity, std::uint32_t line) {
+    const a_source_position pos = at(line);
+    set_severity_for_error_number(ec_bad_token, severity, &pos, false);
+  };
+  auto pop = [](std::uint32_t line) {
+    const a_source_position pos = at(line);
+    EXPECT_TRUE(pop_diag_severities(&pos));
+  };
+  push_diag_severities();
+  change(es_none, 10);
+  push_diag_severities();
+  change(es_discretionary_error, 20);
+  push_diag_severities();
+  push_diag_severities();
+  change(es_default, 30);
+  change(es_none, 40);
+  pop(50);
+  pop(51);
+  pop(60);
+  pop(70);
+  const int expected[] = {6, 0, 9, 6, 0, 9, 0, 6};
+  for (std::uint32_t i = 0; i < 8; ++i)
+    EXPECT_EQ(severity_at(i * 10 + 5), expected[i]) << i;
+  EXPECT_FALSE(pop_diag_severities(nullptr));
+}
+
 TEST_F(Messages, EveryCodeHasATextAndATagFindsIt) {
   for (int code = 0; code < num_error_codes; ++code) {
     ASSERT_NE(error_text(code), nullptr);
@@ -278,6 +564,7 @@ TEST_F(MessagesDeathTest, CatastrophesEndTheCompilationAndDeleteTheOutput) {
   auto stop = [&] {
     f_error = stderr;
     std::fclose(std::fopen(name.c_str(), "w"));
+    std::atexit(unlink_begun_outputs);  // as the driver does
     note_begun_output(name.c_str());
     str_catastrophe(ec_file_write_error, "raw listing");
   };
@@ -299,6 +586,23 @@ TEST_F(MessagesDeathTest, AMacroOfTheCommandLineIsNamedInItsErrors) {
     pos_error(ec_exp_macro_param, nullptr);
   };
   EXPECT_EXIT(stop(), ::testing::ExitedWithCode(4), "invalid macro definition: x\\(=1");
+}
+
+TEST_F(MessagesDeathTest, AMistakeWhileTheLastMessageIsFormedEndsAtOnce) {
+  auto stop = [](an_error_severity severity, void (*form_type)(a_type *, a_text_buffer *)) {
+    f_error = stderr;
+    diag_hooks.form_type = form_type;
+    const a_source_position pos = at(1);
+    auto *type = reinterpret_cast<a_type *>(&f_error);
+    a_diagnostic *d = pos_ty_start_diagnostic(severity, ec_bad_initializer_type, &pos, type);
+    end_diagnostic(d);
+  };
+  EXPECT_EXIT(stop(es_catastrophe, [](a_type *, a_text_buffer *) { catastrophe(ec_bad_token); }),
+              ::testing::ExitedWithCode(4),
+              "^Loop in catastrophic error processing.\n1 catastrophic error detected in the "
+              "compilation of \"file.c\".\nCompilation terminated.\n$");
+  EXPECT_DEATH(stop(es_internal_error, [](a_type *, a_text_buffer *) { internal_error("x"); }),
+               "^Internal error loop\nCompilation aborted.");
 }
 
 TEST_F(MessagesDeathTest, ABrokenInvariantIsAnInternalError) {
