@@ -133,15 +133,14 @@ void prepare_child() {
 
 // One run; comes back when it ends without exit.
 void run_once(const std::vector<std::string> &words, a_fuzz_depth depth) {
-  std::vector<char *> argv;
-  for (const std::string &word : words)
-    argv.push_back(const_cast<char *>(word.c_str()));
-  argv.push_back(nullptr);
+  auto **argv = new char *[words.size() + 1]();
+  for (std::size_t i = 0; i < words.size(); ++i)
+    argv[i] = const_cast<char *>(words[i].c_str());
   f_error = stderr;
   f_pp_output = f_raw_listing = f_xref_info = nullptr;
   try {
     fe_early_init();
-    proc_command_line(static_cast<int>(words.size()), argv.data());
+    proc_command_line(static_cast<int>(words.size()), argv);
     if (depth == fd_tokens) read_all_tokens();
     if (depth == fd_compilation) compile_unit();
   } catch (const std::exception &) {
@@ -160,23 +159,24 @@ a_request *request;  // in memory that is shared with the worker
 pid_t worker;        // 0: none runs
 int to_worker, from_worker;
 int runs_of_worker;
-std::jmp_buf end_of_run;
+std::jmp_buf end_of_run;  // where exit leads to
 bool in_worker;
 
 [[noreturn]] void be_worker(int in, int out) {
   prepare_child();
   in_worker = true;
   for (char byte; read(in, &byte, 1) == 1;) {
-    std::vector<std::string> words;
+    auto *words = new std::vector<std::string>;  // the front end keeps what it points to
     const char *word = request->words;
     for (std::size_t i = 0; i < request->num_words; ++i, word += std::strlen(word) + 1)
-      words.push_back(word);
-    if (setjmp(end_of_run) == 0) run_once(words, request->depth);
+      words->push_back(word);
+    const bool is_left = setjmp(end_of_run) != 0;
+    if (!is_left) run_once(*words, request->depth);
     std::fflush(nullptr);
     rusage usage;
     getrusage(RUSAGE_SELF, &usage);
-    byte = usage.ru_maxrss > max_resident_kilobytes / 2 ? 'm' : '.';
-    if (write(out, &byte, 1) != 1) break;
+    byte = usage.ru_maxrss > max_resident_kilobytes / 2 ? 'm' : is_left ? 'x' : '.';
+    if (write(out, &byte, 1) != 1 || is_left) break;
   }
   _exit(0);
 }
@@ -225,14 +225,14 @@ bool run_in_worker(const std::vector<std::string> &words, a_fuzz_depth depth) {
     place = std::strcpy(place, word.c_str()) + word.size() + 1;
   }
   char byte = '.';
-  bool is_back = write(to_worker, &byte, 1) == 1;
+  if (write(to_worker, &byte, 1) != 1) std::abort();
   pollfd answer = {from_worker, POLLIN, 0};
   int ready;
   while ((ready = poll(&answer, 1, 2000 * static_cast<int>(max_seconds))) < 0 && errno == EINTR) {
   }
-  is_back = is_back && ready == 1 && read(from_worker, &byte, 1) == 1 && byte == '.';
-  if (!is_back) stop_worker();
-  return is_back;
+  const bool has_answer = ready == 1 && read(from_worker, &byte, 1) == 1;
+  if (!has_answer || byte != '.') stop_worker();
+  return has_answer && byte != 'm';
 }
 
 // ---- A run of its own --------------------------------------------------------------------------
@@ -281,6 +281,7 @@ void __wrap_exit(int status) {
 int LLVMFuzzerInitialize(int *, char ***) {
   share_coverage_counters();
   make_folder();
+  std::signal(SIGPIPE, SIG_IGN);
   // The messages of a run go nowhere; a finding is shown where the fuzzer writes.
   __sanitizer_set_report_fd(reinterpret_cast<void *>(static_cast<std::intptr_t>(dup(2))));
   return 0;

@@ -1,11 +1,11 @@
 // One run of the front end for each input, in a child process of the fuzzer.
 //
 // The front end has global state and ends by exit. A worker process starts it anew for each input
-// by the driver's table of initialisations, as the unit tests do, and jumps back where it calls
-// exit; after some runs it is replaced, since the memory of a run is not given back. When it does
-// not come back, the input runs again in a fresh process, and only what happens there counts: what
-// an earlier input left behind is no finding. The coverage counters lie in memory that parent and
-// children share; that is all that has to come back.
+// by the driver's table of initialisations, as the unit tests do. It is replaced behind a run that
+// ended by exit, in the middle of things, and after some number of others, since the memory of a
+// run is not given back. When it does not come back, the input runs again in a fresh process, and
+// only what happens there counts: what an earlier input left behind is no finding. The coverage
+// counters lie in memory that parent and children share; that is all that has to come back.
 #ifndef FUZZ_RUN_H
 #define FUZZ_RUN_H
 
