@@ -21,6 +21,7 @@
 #include "semantics/const_ints.h"
 #include "semantics/folding.h"
 #include "semantics/lookup.h"
+#include "semantics/symbol_ref.h"
 #include "semantics/symbol_tbl.h"
 #include "semantics/types.h"
 #include "source/lexical.h"
@@ -326,6 +327,7 @@ bool scan_field_designator(a_class_walk &walk, bool *old_form, bool *inside) {
   }
   walk.field = outer;
   if (*inside) return true;
+  write_xref_line('M', symbol, &pos_curr_token);
   get_token();
   if (*old_form) get_token();
   return true;

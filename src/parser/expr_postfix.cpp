@@ -1,4 +1,5 @@
 // Subscripts and the selection of members.
+#include "driver/host_envir.h"
 #include "driver/switches.h"
 #include "il/il.h"
 #include "parser/expr_internal.h"
@@ -127,6 +128,11 @@ void scan_member_name(an_operand *object, bool by_pointer, an_operand *result) {
     make_error_operand(result);
   else
     make_field_selection(object, symbol->variant.field, by_pointer, result);
+  if (f_xref_info != nullptr && symbol != nullptr) {
+    a_ref_entry *entry = ref_entry(symbol, &position);
+    entry->object = result->ref_entry;
+    result->ref_entry = entry;
+  }
   result->start_pos = start;
   result->end_pos = end;
 }

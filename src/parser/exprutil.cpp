@@ -216,7 +216,7 @@ a_ref_entry *ref_entry(a_symbol *symbol, const a_source_position *position) {
     avail_ref_entries = entry->next_in_expr;
   else
     entry = static_cast<a_ref_entry *>(alloc_in_region(permanent_region, sizeof(a_ref_entry)));
-  *entry = {nullptr, symbol, *position, 0, false};
+  *entry = {nullptr, symbol, *position, 0, false, nullptr};
   (last_expr_ref_entry != nullptr ? last_expr_ref_entry->next_in_expr : curr_expr_ref_entries) =
       entry;
   last_expr_ref_entry = entry;
@@ -224,7 +224,8 @@ a_ref_entry *ref_entry(a_symbol *symbol, const a_source_position *position) {
 }
 
 void change_ref_kinds(an_operand *operand, unsigned kinds) {
-  if (operand->ref_entry != nullptr) operand->ref_entry->kinds |= kinds;
+  for (a_ref_entry *entry = operand->ref_entry; entry != nullptr; entry = entry->object)
+    entry->kinds |= kinds;
 }
 
 void change_operand_refs_to_error(an_operand *operand) {

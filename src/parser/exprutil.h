@@ -37,6 +37,7 @@ struct a_ref_entry {
   a_source_position position;
   unsigned kinds;  // a_reference_kind; 0: named only
   bool is_error;   // nothing more is recorded of it
+  a_ref_entry *object;  // of a member: the reference to the object of which it is a part, or null
 };
 
 struct an_operand {

@@ -6,6 +6,7 @@
 #include "parser/expr.h"
 #include "parser/statements_internal.h"
 #include "semantics/scope_stk.h"
+#include "semantics/symbol_ref.h"
 #include "semantics/symbol_tbl.h"
 #include "semantics/types.h"
 #include "source/lexical.h"
@@ -61,6 +62,7 @@ void scan_local_label_declarations() {
       pos_sy_error(ec_already_defined, &pos_curr_token, previous);
     else
       enter_label(&locator, depth_scope_stack)->is_declared_label = true;
+    write_xref_line('D', find_label_symbol(locator.header), &pos_curr_token);
     get_token();
   } while (curr_token == tok_comma);
   required_token(tok_semicolon, ec_exp_semicolon);
@@ -74,6 +76,7 @@ void scan_label() {
   a_symbol *symbol = label_for_locator(&locator);
   get_token();
   required_token(tok_colon, ec_exp_colon);
+  write_xref_line('D', symbol, &position);
   a_label *label = symbol->variant.label;
   if (symbol->defined) {
     pos_sy_error(ec_already_defined, &position, symbol);
@@ -119,6 +122,7 @@ void scan_goto_statement() {
   a_symbol_locator locator = locator_for_curr_id;
   a_symbol *symbol = label_for_locator(&locator);
   symbol->referenced = true;
+  write_xref_line('R', symbol, &pos_curr_token);
   a_label *label = symbol->variant.label;
   label->is_used = true;
   if (is_null_position(label->first_use_position)) label->first_use_position = pos_curr_token;

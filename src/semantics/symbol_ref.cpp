@@ -43,7 +43,9 @@ void record_routine_use(unsigned kind, a_symbol *symbol, bool needed) {
 // letter, name, file, line and column, with tabs between. What the tool itself declares has no
 // place and is left out.
 void write_xref_line(char letter, const a_symbol *symbol, const a_source_position *position) {
-  if (symbol->header == nullptr || position == nullptr || position->seq == 0) return;
+  if (f_xref_info == nullptr || symbol->header == nullptr || position == nullptr ||
+      position->seq == 0)
+    return;
   const char *name, *full_name;
   a_line_number line;
   bool at_end;
@@ -84,6 +86,7 @@ void record_symbol_reference_full(unsigned kind, a_symbol *symbol,
   if (symbol->is_error_symbol) return;
   if (f_xref_info != nullptr) [[unlikely]]
     write_xref_of_use(kind, symbol, position);
+  if (symbol->kind == syk_field) return;  // noted for the cross-reference file alone
   // An assignment alone is no use: "x = 1;" leaves x set and not used.
   if (kind != ref_modify) symbol->referenced = true;
   if ((kind & ref_unevaluated) != 0) needed = false;

@@ -32,7 +32,7 @@ enum a_declaration_kind : std::uint8_t { dk_declaration, dk_definition };
 void record_symbol_declaration(a_declaration_kind kind, a_symbol *symbol,
                                const a_source_position *position, a_source_correspondence *entity);
 
-// A line of the cross-reference file, which is open: D a declaration, R a value is read, M it is
+// A line of the cross-reference file, when there is one: D a declaration, R a value is read, M it is
 // modified, A an address is taken, C a call.
 void write_xref_line(char letter, const a_symbol *symbol, const a_source_position *position);
 

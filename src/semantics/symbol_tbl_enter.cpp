@@ -95,7 +95,8 @@ a_symbol *enter_symbol(a_symbol_kind kind, a_symbol_locator *locator, int depth,
   a_symbol *symbol = make_symbol(kind, locator);
   reenter_symbol(symbol, depth, flags);
   locator->symbol = symbol;
-  if (f_xref_info != nullptr && kind != syk_undefined) [[unlikely]]
+  // A label is told where it stands, not where a goto first names it.
+  if (f_xref_info != nullptr && kind != syk_undefined && kind != syk_label) [[unlikely]]
     write_xref_line('D', symbol, &symbol->decl_position);
   return symbol;
 }

@@ -13,6 +13,7 @@
 #include "DIAG/error.h"
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
+#include "semantics/symbol_ref.h"
 #include "semantics/symbol_tbl.h"
 #include "source/input_stack_internal.h"
 #include "source/macro_internal.h"
@@ -487,6 +488,7 @@ void store_definition(const a_definition *d, a_symbol *macro_symbol) {
       chunk_head_size + chunk_number(def->body) + 2 == length)
     def->text_length = chunk_number(def->body);
   note_macro_definition(macro_symbol, &d->pos);
+  write_xref_line('D', macro_symbol, &d->pos);
 }
 
 a_symbol *enter_definition(const a_definition *d) {

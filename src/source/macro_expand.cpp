@@ -430,6 +430,7 @@ bool expand_macro_at(a_symbol *macro_symbol, const char *name, bool *inert) {
   if (is_function_like && !left_paren_is_next()) return false;
   a_source_position pos;
   source_position_at(name, &pos);
+  note_macro_reference(macro_symbol, &pos);
   bool expanded = true;
   ++num_macro_invocations_in_process;
   if (def->magic != mm_none) {

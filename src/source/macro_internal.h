@@ -89,5 +89,7 @@ const char *magic_macro_text(a_symbol *macro_symbol, const a_macro_def *def,
 // Notes for the listing that the macro was defined or undefined at a position.
 void note_macro_definition(a_symbol *macro_symbol, const a_source_position *pos);
 void note_macro_undefinition(a_symbol *macro_symbol, const a_source_position *pos);
+// Notes for the cross-reference file that a definition is used, asked for or taken away.
+void note_macro_reference(a_symbol *macro_symbol, const a_source_position *pos);
 
 #endif

@@ -4,9 +4,11 @@
 #include <cstring>
 
 #include "DIAG/error.h"
+#include "driver/host_envir.h"
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
 #include "il/src_seq.h"
+#include "semantics/symbol_ref.h"
 #include "semantics/symbol_tbl.h"
 #include "source/macro_internal.h"
 #include "source/pp_output.h"
@@ -113,6 +115,11 @@ void note_macro_undefinition(a_symbol *macro_symbol, const a_source_position *po
   f_add_string_to_text_buffer(text, "#undef ");
   f_add_string_to_text_buffer(text, macro_symbol->header->name);
   list_macro(text_of_buffer(text), pos);
+}
+
+void note_macro_reference(a_symbol *macro_symbol, const a_source_position *pos) {
+  if (f_xref_info != nullptr && macro_def_of(macro_symbol)->magic != mm_defined)
+    record_symbol_reference(ref_other, macro_symbol, pos, true);
 }
 
 void gen_listing_of_macros() {

@@ -152,6 +152,7 @@ const char *defined_text(std::size_t *length) {
     return truth(false, length);
   }
   a_symbol *macro_symbol = find_defined_macro(header);
+  if (macro_symbol != nullptr) note_macro_reference(macro_symbol, &pos);
   if (in_parens && !skip_char(')', ec_exp_rparen)) some_error_in_curr_directive = true;
   return truth(macro_symbol != nullptr, length);
 }

@@ -17,7 +17,8 @@ std::FILE *f_raw_listing;
 bool do_not_put_curr_line_in_pp_output = true;
 bool no_token_separators_in_this_line_of_pp_output;
 std::uint32_t next_seq_in_pp_output = 1;
-static std::uint32_t seq_of_line_put;  // the logical line that was written last
+static std::uint32_t seq_of_line_put;     // the logical line that was written last
+static std::uint32_t seq_of_line_listed;  // in the raw listing
 
 namespace {
 
@@ -303,16 +304,63 @@ void gen_included_file_line(const char *file_name, int depth) {
   std::fprintf(f_pp_output, "%*s%s\n", depth - 1, "", format_file_name(file_name));
 }
 
-// The line as it was read, with a letter for its state.
+// The expanded form, a line that starts with X, only for lines in which a macro was expanded,
+// and no directives.
+static void gen_expanded_raw_listing_output_for_curr_line() {
+  if (do_not_put_curr_line_in_pp_output && !has_line_start_modif()) return;
+  const a_source_line_modif *m = source_line_modif_list;
+  while (m != nullptr && m->macro_id == nullptr)
+    m = m->next;
+  if (m == nullptr) return;
+  std::FILE *saved = f_pp_output;
+  f_pp_output = f_raw_listing;
+  putc_unlocked('X', f_raw_listing);
+  last_char = char_before_last = '\0';
+  separator_is_owed = false;
+  next_orig_modif = nullptr;
+  put_text(curr_source_line, source_line_modif_list, true);
+  putc_unlocked('\n', f_raw_listing);
+  f_pp_output = saved;
+}
+
+// Source text up to end. A null byte is a record of its own.
+static void list_source_text(const char *p, const char *end) {
+  if (p < end) fwrite_unlocked(p, 1, static_cast<std::size_t>(end - p), f_raw_listing);
+}
+
+// The physical lines of the logical line as they were read, each with a letter for its state; then,
+// where macros were expanded, the line that came of it.
 void gen_raw_listing_for_curr_line() {
   if (f_raw_listing == nullptr || curr_seq_number == 0 || end_of_all_input) return;
-  static std::uint32_t last_listed;
-  if (last_listed == curr_seq_number) return;
-  last_listed = curr_seq_number;
-  putc_unlocked(curr_line_is_skipped ? 'S' : 'N', f_raw_listing);
-  std::fwrite(curr_source_line, 1,
-              static_cast<std::size_t>(end_of_curr_source_line - curr_source_line), f_raw_listing);
+  if (seq_of_line_listed == curr_seq_number) return;
+  seq_of_line_listed = curr_seq_number;
+  const char letter = curr_line_is_skipped ? 'S' : 'N';
+  putc_unlocked(letter, f_raw_listing);
+  const char *p = curr_source_line;
+  for (const an_orig_line_modif *m = orig_line_modif_list; m != nullptr; m = m->next) {
+    list_source_text(p, m->loc);
+    p = m->loc;
+    switch (m->kind) {
+      case olm_trigraph:
+        std::fprintf(f_raw_listing, "?\?%c", static_cast<char>(m->value));
+        ++p;
+        break;
+      case olm_line_splice:
+        std::fprintf(f_raw_listing, "\\\n%c", letter);
+        break;
+      case olm_newline:
+        std::fprintf(f_raw_listing, "\n%c", letter);
+        p += 2;
+        break;
+      case olm_null_char:
+        putc_unlocked('\0', f_raw_listing);
+        p += 2;
+        break;
+    }
+  }
+  list_source_text(p, end_of_curr_source_line);
   putc_unlocked('\n', f_raw_listing);
+  gen_expanded_raw_listing_output_for_curr_line();
 }
 
 void gen_rlisting_line_info(char flag) {
@@ -322,20 +370,6 @@ void gen_rlisting_line_info(char flag) {
   putc_unlocked('"', f_raw_listing);
   if (depth_input_stack != 0) std::fprintf(f_raw_listing, " %c", flag);
   putc_unlocked('\n', f_raw_listing);
-}
-
-// The expanded form, a line that starts with X, only for lines in which something was replaced.
-void gen_expanded_raw_listing_output_for_curr_line(bool) {
-  if (f_raw_listing == nullptr || source_line_modif_list == nullptr) return;
-  std::FILE *saved = f_pp_output;
-  f_pp_output = f_raw_listing;
-  putc_unlocked('X', f_raw_listing);
-  last_char = char_before_last = '\0';
-  separator_is_owed = false;
-  next_orig_modif = orig_line_modif_list;
-  put_text(curr_source_line, source_line_modif_list, true);
-  putc_unlocked('\n', f_raw_listing);
-  f_pp_output = saved;
 }
 
 void finish_raw_listing_file() {
@@ -350,5 +384,5 @@ void finish_raw_listing_file() {
 void pp_output_trans_unit_init() {
   do_not_put_curr_line_in_pp_output = true;
   next_seq_in_pp_output = 1;
-  seq_of_line_put = 0;
+  seq_of_line_put = seq_of_line_listed = 0;
 }

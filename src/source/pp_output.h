@@ -20,7 +20,6 @@ void gen_pp_line_info(bool at_next_line);
 
 void gen_raw_listing_for_curr_line();
 void gen_rlisting_line_info(char flag);  // '1' a file begins, '2' it is resumed, ' ' neither
-void gen_expanded_raw_listing_output_for_curr_line(bool at_end);
 void finish_raw_listing_file();
 
 void gen_dependency_line(const char *file_name);

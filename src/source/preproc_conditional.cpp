@@ -134,7 +134,9 @@ void pp_ifdef_directive(bool is_ifndef) {
   } else {
     if (variadic_macros_allowed && std::strcmp(header->name, "__VA_ARGS__") == 0)
       pos_error(ec_VA_ARGS_not_allowed, &pos);
-    holds = (find_defined_macro(header) != nullptr) != is_ifndef;
+    a_symbol *macro_symbol = find_defined_macro(header);
+    if (macro_symbol != nullptr) note_macro_reference(macro_symbol, &pos);
+    holds = (macro_symbol != nullptr) != is_ifndef;
     check_end_of_directive(relaxed_extra_text);
   }
   push_pp_if(&pos_of_directive);

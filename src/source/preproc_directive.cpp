@@ -187,6 +187,7 @@ static void undef_directive() {
         pos_sy_diagnostic(es_discretionary_error, ec_cannot_undef_predef_macro, &pos, macro_symbol);
     } else {
       note_macro_undefinition(macro_symbol, &pos);
+      note_macro_reference(macro_symbol, &pos);
       undefine_macro(macro_symbol);
     }
   }
@@ -349,7 +350,7 @@ void cpp_driver() {
   while (get_token() != tok_end_of_source) {
   }
   if (generate_pp_output) gen_pp_output_for_curr_line();
-  if (f_raw_listing != nullptr) gen_expanded_raw_listing_output_for_curr_line(true);
+  if (f_raw_listing != nullptr) gen_raw_listing_for_curr_line();
 }
 
 void process_macro_preincludes() {
