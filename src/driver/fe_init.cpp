@@ -120,6 +120,9 @@ void fe_init_part_1() {
   }
   copy_settings_to_il_header();
   if (pp_output_file_needed) open_pp_output();
+  if (!do_preprocessing_only && !suppress_il_file_write) {
+    str_catastrophe(ec_not_supported, "a file of the front end's own IL is");
+  }
 }
 
 void fe_translation_unit_init() {
