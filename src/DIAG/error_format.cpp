@@ -309,11 +309,18 @@ void add_blanks(a_text_buffer *out, std::size_t count) {
     add_char_to_text_buffer(out, ' ');
 }
 
+// How many bytes take one column: those of a character; what is none goes byte by byte.
+std::size_t bytes_of_column(const char *p, bool multibyte) {
+  bool invalid;
+  const int length = f_mbc_length(p, &invalid, multibyte);
+  return invalid ? 1 : static_cast<std::size_t>(length);
+}
+
 // Where the character behind the first `columns` ones begins, or length if there are no more.
 std::size_t place_of_column(const char *text, std::size_t length, std::size_t columns) {
   std::size_t place = 0;
   for (; columns != 0 && place < length; --columns) {
-    place += static_cast<std::size_t>(f_mbc_length(text + place, nullptr, true));
+    place += bytes_of_column(text + place, true);
   }
   return place < length ? place : length;
 }
@@ -376,7 +383,7 @@ void write_source_line(const a_diagnostic *d, a_text_buffer *out) {
       continue;
     }
     add_char_to_text_buffer(out, *p == '\t' ? '\t' : ' ');
-    p += f_mbc_length(p, nullptr, multibyte_chars_in_source_enabled);
+    p += bytes_of_column(p, multibyte_chars_in_source_enabled);
   }
   f_add_string_to_text_buffer(out, "^\n");
 }

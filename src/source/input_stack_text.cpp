@@ -213,7 +213,12 @@ static std::size_t follower_bytes(const char *from, const char *to) {
       ++counted_to;
       continue;
     }
-    const int length = f_mbc_length(counted_to, nullptr, true);
+    bool invalid;  // bytes that are no character count one by one
+    const int length = f_mbc_length(counted_to, &invalid, true);
+    if (invalid) {
+      ++counted_to;
+      continue;
+    }
     counted_to += length;
     counted_followers += static_cast<std::size_t>(length - 1);
   }

@@ -502,6 +502,27 @@ TEST_F(Messages, TheListingTakesEachMessageInALine) {
   EXPECT_EQ(total_errors, 2u);
 }
 
+TEST_F(Messages, APredefinedMacroHasNoPlace) {
+  processing_predefined_macro = true;
+  curr_cmd_line_or_predef_macro_def = "x(=1";
+  pos_error(ec_exp_macro_param, nullptr);
+  EXPECT_EQ(output(), "In predefined macro file: Error #53: expected a macro parameter name\n");
+  pos_warning(ec_bad_token, nullptr);  // only errors count in a definition
+  EXPECT_EQ(output(), "");
+}
+
+TEST_F(Messages, PowerAdviceComesOnceALine) {
+  error_threshold = es_power_remark;
+  const auto code = static_cast<an_error_code>(1531);
+  const a_source_position pos = at(4, 7), same_line = at(4, 9), next = at(5);
+  pos_diagnostic(es_advice, code, &pos);
+  EXPECT_TRUE(output().starts_with("\"file.c\", line 4: advice #1531-D: "));
+  pos_diagnostic(es_advice, code, &same_line);
+  EXPECT_EQ(output(), "");
+  pos_diagnostic(es_advice, code, &next);
+  EXPECT_NE(output(), "");
+}
+
 TEST_F(Messages, PushesNest) {
   auto severity_at = [](std::uint32_t line) {
     const a_source_position pos = at(line);
