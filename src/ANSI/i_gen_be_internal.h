@@ -38,6 +38,10 @@ SYMTAB *new_symbol(const char *name, a_type *type, std::uint8_t storage_class);
 // Enters a file-level symbol that is not entered yet.
 void enter_if_new(SYMTAB *symbol);
 void add_pragma(SYMTAB *symbol, a_file_pragma_kind kind, std::vector<const char *> texts = {});
+// A name for a variable of the generator's own.
+const char *sym_name_of_temporary();
+// An unprototyped C function with this name: of the unit, or a new symbol that is not entered yet.
+SYMTAB *symbol_of_foreign_routine(const char *name, TYPE *return_type);
 // memset, for zeroed locals: a routine of the file, or a symbol of the generator's own.
 SYMTAB *symbol_of_memset();
 void promote_local_static(a_variable *variable, a_routine *routine);
@@ -59,6 +63,15 @@ std::uint32_t number_of_label(a_label *label);
 void restart_labels();
 // The parameter as it comes in, where the body has a variable of its own for it; else null.
 SYMTAB *incoming_parameter(const a_variable *variable);
+
+// ---- Entry and exit hooks (i_gen_hooks.cpp) ----------------------------------------------------
+
+void generate_entry_hook();
+// Among the locals: the variable that keeps a returned value while the exit hook runs.
+void generate_exit_hook_variable();
+SYMTAB *variable_of_exit_hook();  // null: there is no hook, or nothing is returned
+void generate_exit_hook();
+void reset_hooks();
 
 // ---- Nodes -------------------------------------------------------------------------------------
 

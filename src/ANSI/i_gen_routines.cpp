@@ -128,6 +128,17 @@ void generate_local(a_variable *variable) {
 
 }  // namespace
 
+// The end of the body cannot be reached, as far as a look at the last statement tells.
+static bool ends_with_return(const a_statement *block) {
+  const a_statement *last = block;
+  while (last != nullptr && last->kind == stmk_block) {
+    last = last->first_statement;
+    while (last != nullptr && last->next != nullptr)
+      last = last->next;
+  }
+  return last != nullptr && last->kind == stmk_return;
+}
+
 SYMTAB *incoming_parameter(const a_variable *variable) {
   for (const a_parameter_pair &pair : parameter_pairs)
     if (pair.variable == variable) return pair.incoming;
@@ -156,12 +167,15 @@ void generate_routine(a_routine *routine) {
   i_file->if_write_control(ifr_end_args, &current_psn);
   generate_parameter_variables();
   generate_block_symbols(scope);
+  generate_exit_hook_variable();
   generate_labels(scope);
   i_file->if_write_control(ifr_end_locals, &current_psn);
   write_pragmas_of(routine, ppl_start_of_routine);
   write_scope_pragmas(scope);
   generate_parameter_copies();
+  generate_entry_hook();
   generate_statements(scope->block);
+  if (!ends_with_return(scope->block)) generate_exit_hook();
   i_file->if_write_control(ifr_end_func, &current_psn);
   current_routine = nullptr;
   delete options;

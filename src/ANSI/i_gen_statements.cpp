@@ -140,6 +140,13 @@ void generate_do(a_statement *statement) {
     branch(top);
 }
 
+void generate_returned_value(an_expr_node *value, a_constant *constant) {
+  if (value != nullptr)
+    generate_expression(value);
+  else
+    generate_constant(constant, constant->type, false);
+}
+
 void generate_return(a_statement *statement) {
   a_type *type = f_skip_typerefs(current_routine->type);
   SYMTAB *symbol = symbol_of_routine(current_routine);
@@ -159,18 +166,29 @@ void generate_return(a_statement *statement) {
     generate_expression(value);
     value = nullptr;
   }
+  TYPE *value_type = value != nullptr      ? tp_type(value->type)
+                     : constant != nullptr ? tp_type(constant->type)
+                                           : nullptr;
+  SYMTAB *kept = value_type != nullptr ? variable_of_exit_hook() : nullptr;
+  if (kept != nullptr) {
+    start_expression();
+    put(is_class_struct_union_type(type->return_type) ? op_STASG : op_ASG, kept->type);
+    put_name(kept, kept->type);
+    generate_returned_value(value, constant);
+  }
+  generate_exit_hook();
   start_expression();
-  if (value == nullptr && constant == nullptr) {
+  if (value_type == nullptr) {
     put(op_URETURN, basic_void());
     put_name(symbol, tp_type(type));
     return;
   }
-  put(op_RETURN, tp_type(value != nullptr ? value->type : constant->type));
+  put(op_RETURN, value_type);
   put_name(symbol, tp_type(type));
-  if (value != nullptr)
-    generate_expression(value);
+  if (kept != nullptr)
+    put_name(kept, kept->type);
   else
-    generate_constant(constant, constant->type, false);
+    generate_returned_value(value, constant);
 }
 
 std::uint64_t values_of(const a_switch_case_entry *entry) {

@@ -227,7 +227,7 @@ void set_symbol(a_source_correspondence *entity, SYMTAB *symbol) {
 }
 
 const char *sym_name(const a_source_correspondence *entity) {
-  if (entity->name == nullptr) return formed_name("$P$T%s%u", "", nameless_counter++);
+  if (entity->name == nullptr) return sym_name_of_temporary();
   return external_form(entity->name);
 }
 
@@ -318,22 +318,27 @@ void promote_local_static(a_variable *variable, a_routine *routine) {
   enter_if_new(symbol);
 }
 
-SYMTAB *symbol_of_memset() {
-  if (memset_symbol != nullptr) return memset_symbol;
+const char *sym_name_of_temporary() {
+  return formed_name("$P$T%s%u", "", nameless_counter++);
+}
+
+SYMTAB *symbol_of_foreign_routine(const char *name, TYPE *return_type) {
   for (a_routine *r = il_header.primary_scope->routines; r != nullptr; r = r->next)
-    if (r->name != nullptr && std::strcmp(r->name, "memset") == 0)
-      memset_symbol = symbol_of_routine(r);
-  if (memset_symbol == nullptr) {
-    TYPE *type =
-        type_pkg->mk_func(type_pkg->void_pointer_type, false, false, false, TYPE::CC_DEFAULT);
-    type_pkg->type_frozen(&type);
-    memset_symbol = allocate_symbol();
-    memset_symbol->name = external_form("memset");
-    memset_symbol->type = type;
-    memset_symbol->size = 32;
-    memset_symbol->storage_class = isc_extern;
-    add_pragma(memset_symbol, fpk_SRC_LANGUAGE, {"C"});
-  }
+    if (r->name != nullptr && std::strcmp(r->name, name) == 0) return symbol_of_routine(r);
+  TYPE *type = type_pkg->mk_func(return_type, false, false, false, TYPE::CC_DEFAULT);
+  type_pkg->type_frozen(&type);
+  SYMTAB *symbol = allocate_symbol();
+  symbol->name = external_form(name);
+  symbol->type = type;
+  symbol->size = return_type->size;
+  symbol->storage_class = isc_extern;
+  add_pragma(symbol, fpk_SRC_LANGUAGE, {"C"});
+  return symbol;
+}
+
+SYMTAB *symbol_of_memset() {
+  if (memset_symbol == nullptr)
+    memset_symbol = symbol_of_foreign_routine("memset", type_pkg->void_pointer_type);
   enter_if_new(memset_symbol);
   return memset_symbol;
 }

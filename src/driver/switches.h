@@ -4,6 +4,9 @@
 #ifndef DRIVER_SWITCHES_H
 #define DRIVER_SWITCHES_H
 
+// What a hook at the entry or exit of functions is called with.
+enum a_hook_parameter : int { hkp_none, hkp_name, hkp_address };
+
 #define FLAG(name, default, meaning) extern bool name;
 #define NUMBER(name, default, meaning) extern int name;
 #define TEXT(name, meaning) extern const char *name;

@@ -18,6 +18,7 @@
 #include "driver/switches.h"
 #include "il/src_seq.h"
 #include "options/cmd_line_internal.h"
+#include "target/misra.h"
 
 const char **shell_opts = nullptr;
 std::vector<OPTION_SET *> icode_optlist;
@@ -256,6 +257,10 @@ void proc_command_line(int argc, char **argv) {
   add_to_template_search_path(current_directory_name != nullptr ? current_directory_name : "");
   parse_options();
   settle_dialect();
+  if (check_misra_c_2004 && some_misra_rule_is_not_checked())
+    str_command_line_warning(
+        ec_not_supported,
+        "the checking of MISRA-C:2004 rules beyond those of tokens, macros and directives is");
 }
 
 const char *get_src_file_name() {

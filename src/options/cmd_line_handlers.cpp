@@ -16,6 +16,7 @@
 #include "source/input_stack.h"
 #include "source/macro.h"
 #include "target/arm_util.h"
+#include "target/misra.h"
 
 namespace {
 
@@ -35,10 +36,9 @@ int argument_among(const char *const (&words)[COUNT]) {
   str_command_line_error(ec_cl_invalid_option, curr_option_argument);
 }
 
-// Checks of rules, power advice, precompiled headers and calls at the entry and exit of functions
-// are not part of this program yet.
-[[noreturn]] void refuse(const char *name) {
-  str_command_line_error(ec_cl_invalid_option, name);
+// What the user asked for and this program does not do; the compilation goes on without it.
+void warn_of_missing(const char *what) {
+  str_command_line_warning(ec_not_supported, what);
 }
 
 void preprocess_only(bool generate) {
@@ -82,6 +82,13 @@ void store_override(const char *an_opt_override::*part) {
 int symbol_visibility_argument() {
   static const char *const words[] = {"default", "protected", "hidden", "internal", "extern"};
   return argument_among(words) + 1;
+}
+
+int hook_parameter_argument() {
+  static const char *const words[] = {"none", "name", "address"};
+  int parameter = argument_among(words);
+  if (parameter < 0) invalid_argument();
+  return parameter;
 }
 
 void cfront_mode(bool is_2_1, int value) {
@@ -201,31 +208,42 @@ void option_dump_legacy_as_target(int) {
 // ---- Rule checks, advice, precompiled headers --------------------------------------------------
 
 void option_check_misra(int) {
-  refuse("--check_misra");
+  bool error;
+  process_check_misra(curr_option_argument, nullptr, &error, true, false);
+  if (error) str_command_line_error(ec_misra_invalid_rules, "check_misra");
 }
 void option_misra_required(int) {
-  refuse("--misra_required");
+  process_misra_severity(mrk_required, curr_option_argument, nullptr);
 }
 void option_misra_advisory(int) {
-  refuse("--misra_advisory");
+  process_misra_severity(mrk_advisory, curr_option_argument, nullptr);
 }
 void option_advice_power(int) {
-  refuse("--advice:power");
+  if (!argument_is("none")) warn_of_missing("power advice is");
+  lower_threshold_to(es_power_remark);
 }
-void option_advice_power_severity(int) {
-  refuse("--advice:power_severity");
-}
-void option_pwa_standalone_mode(int) {
-  refuse("--pwa_standalone_mode");
-}
+// Without power advice there is nothing that these two could change.
+void option_advice_power_severity(int) {}
+void option_pwa_standalone_mode(int) {}
+
 void option_create_pch(int) {
-  refuse("--create_pch");
+  pch_output_file_name = curr_option_argument;
+  if (!okay_as_output_file(pch_output_file_name))
+    str_command_line_error(ec_cl_invalid_option, pch_output_file_name);
+  create_precompiled_header = true;
+  automatic_pch_processing = use_precompiled_header = false;
+  warn_of_missing("the making of precompiled headers is");
 }
 void option_use_pch(int) {
-  refuse("--use_pch");
+  pch_input_file_name = curr_option_argument;
+  use_precompiled_header = true;
+  automatic_pch_processing = create_precompiled_header = false;
+  warn_of_missing("the use of precompiled headers is");
 }
+// Headers are read each time; the result is the same.
 void option_pch(int) {
-  refuse("--pch");
+  automatic_pch_processing = true;
+  use_precompiled_header = create_precompiled_header = false;
 }
 void option_pch_dir(int) {
   pch_dir_name = curr_option_argument;
@@ -347,7 +365,7 @@ void option_zvn_base_dir(int) {
 }
 // The writer of assembly headers is not part of this program yet.
 void option_asmheaders(int) {
-  refuse("--asmheaders");
+  str_command_line_error(ec_not_supported, "the writing of assembly headers is");
 }
 void option_no_il_lowering(int) {
   suppress_il_lowering = suppress_back_end = true;
@@ -503,16 +521,18 @@ void option_advice_performance(int) {
   if (argument_is("none")) performance_advice = 0;
 }
 void option_entry_hook(int) {
-  refuse("entry_hook");
+  entry_hook_name = curr_option_argument;
 }
 void option_entry_parm(int) {
-  refuse("entry_parm");
+  entry_hook_parameter = hook_parameter_argument();
+  if (entry_hook_name == nullptr) entry_hook_name = "__entry_hook";
 }
 void option_exit_hook(int) {
-  refuse("exit_hook");
+  exit_hook_name = curr_option_argument;
 }
 void option_exit_parm(int) {
-  refuse("exit_parm");
+  exit_hook_parameter = hook_parameter_argument();
+  if (exit_hook_name == nullptr) exit_hook_name = "__exit_hook";
 }
 void option_size_speed_goal(int) {
   static const char *const words[] = {"high_risk_performance", "medium_risk_performance",

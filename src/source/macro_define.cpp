@@ -13,6 +13,7 @@
 #include "DIAG/error.h"
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
+#include "semantics/scope_stk.h"
 #include "semantics/symbol_ref.h"
 #include "semantics/symbol_tbl.h"
 #include "source/input_stack_internal.h"
@@ -534,7 +535,7 @@ a_symbol *proc_define() {
   skip_white_space();
   a_definition d = {};
   source_position_at(curr_char_loc, &d.pos);
-  if (check_misra_c_2004) report_misra(ec_misra_c_2004_19_5, &d.pos);
+  if (depth_scope_stack > 0) report_misra(ec_misra_c_2004_19_5, &d.pos);
   d.header = scan_directive_identifier(&d.pos);
   if (d.header == nullptr) {
     report_at(curr_char_loc, ec_exp_identifier);

@@ -7,6 +7,7 @@
 #include "driver/switches.h"
 #include "il/src_seq.h"
 #include "semantics/symbol_tbl.h"
+#include "semantics/scope_stk.h"
 #include "source/input_stack_internal.h"
 #include "source/macro_internal.h"
 #include "source/pp_output.h"
@@ -168,6 +169,7 @@ void end_directive_tokens(a_directive_token_scan *scan) {
 // #undef name
 static void undef_directive() {
   report_misra(ec_misra_c_2004_19_6, &pos_of_directive);
+  if (depth_scope_stack > 0) report_misra(ec_misra_c_2004_19_5, &pos_of_directive);
   a_source_position pos;
   a_symbol_header *header = scan_directive_identifier(&pos);
   if (header == nullptr) {

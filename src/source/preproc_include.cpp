@@ -400,7 +400,8 @@ void pp_include_directive(bool is_next) {
   a_header_name name;
   if (!get_header_name(&name)) {
     error_position = pos_of_directive;
-    catastrophe(ec_exp_file_name);
+    catastrophe(check_misra_c_2004 && !treat_as_none(ec_misra_c_2004_19_3) ? ec_misra_c_2004_19_3
+                                                                           : ec_exp_file_name);
   }
   check_end_of_directive(relaxed_extra_text);
   no_token_separators_in_this_line_of_pp_output = true;

@@ -5,7 +5,9 @@
 #include "driver/switches.h"
 #include "il/il.h"
 #include "il/il_walk.h"
+#include "target/misra.h"
 #include "target/pragma_internal.h"
+#include "target/qx_pragma_internal.h"
 
 bool always_inline_funcs;
 
@@ -97,9 +99,27 @@ void always_inline_pragma(a_pending_pragma *, a_symbol *, a_statement *) {
   always_inline_funcs = true;
 }
 
-// The checks of rules and the power advice are options of the command line: without them their
-// pragmas do nothing.
-void pragma_misra_action(a_pending_pragma *, a_symbol *, a_statement *) {}
+// CHECK_MISRA ( "rules" ), RESET_MISRA ( "rules" ): what follows is checked so. Without the option
+// of the command line they do nothing.
+void pragma_misra_action(a_pending_pragma *pending, a_symbol *, a_statement *) {
+  if (!check_misra_c_2004) return;
+  begin_rescan_of_pragma_tokens(pending);
+  bool has_paren = loop_token(tok_lparen);
+  const char *rules = nullptr;
+  bool good = scan_string_argument(&rules);
+  if (good && has_paren && !loop_token(tok_rparen)) {
+    pos_error(ec_exp_rparen, &pos_curr_token);
+    good = false;
+  }
+  wrapup_rescan_of_pragma_tokens(!good);
+  if (!good) return;
+  bool error;
+  process_check_misra(rules, &pending->directive_position, &error, false,
+                      pending->description->kind == prk_RESET_MISRA);
+  if (error) pos_error(ec_bad_pragma_format, &pending->name_position);
+}
+
+// Power advice is not given, so that its pragmas do nothing.
 void pragma_pwa_action(a_pending_pragma *, a_symbol *, a_statement *) {}
 void process_pwa_port_config(a_pending_pragma *, a_symbol *, a_statement *) {}
 

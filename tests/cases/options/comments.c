@@ -1,0 +1,2 @@
+int a; // in a line
+int b; /* alone */
