@@ -28,8 +28,6 @@
 #undef f
 #define f(a)#a
 #define f(a) # a
-//      ^
-// expect: warning #48 incompatible redefinition of macro "f"
 #define g(a) a ## 1
 #define g(a) a	##  1
 #define g(a) a##1
