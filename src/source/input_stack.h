@@ -53,8 +53,9 @@ extern const char *delete_source_from_loc;  // in the text of curr_text_modif: w
                                             // here on is to disappear; null: nothing is
 extern std::uint32_t curr_seq_number;  // source sequence number of the line's first physical one
 extern std::uint32_t seq_number_last_read;  // of the last physical line read
+extern bool curr_line_is_whole;             // false while it is being read
 extern bool curr_line_is_skipped;  // it was read inside a group that a condition leaves out
-extern bool end_of_all_input;               // no file is left; 0,1 stands at curr_char_loc
+extern bool end_of_all_input;      // no file is left; 0,1 stands at curr_char_loc
 
 // What skip_white_space and the scanner's blank loop met: get_token clears it before it skips, both
 // add to it.

@@ -21,6 +21,7 @@ const char *curr_char_loc;
 std::uint32_t curr_seq_number;
 std::uint32_t seq_number_last_read;
 bool curr_line_is_skipped;
+bool curr_line_is_whole;
 bool end_of_all_input;
 bool source_columns_need_computation;
 an_orig_line_modif *orig_line_modif_list;
@@ -320,7 +321,9 @@ static bool append_physical_line() {
   ensure_min_curr_source_line_length(static_cast<std::size_t>(out - curr_source_line) +
                                      static_cast<std::size_t>(curr_file_end - curr_file_pos) * 2);
   count_physical_line();
+  curr_line_is_whole = false;
   copy_logical_line(out);
+  curr_line_is_whole = true;
   if (ignored_trigraph != nullptr) report_ignored_trigraph();
   return false;
 }
@@ -349,7 +352,9 @@ bool read_logical_source_line(bool pop_at_end, bool continuation) {
   count_physical_line();
   curr_seq_number = seq_number_last_read;
   curr_char_loc = curr_source_line;
+  curr_line_is_whole = false;
   copy_logical_line(curr_source_line);
+  curr_line_is_whole = true;
   first_token_on_line_seen = false;
   curr_line_is_skipped = currently_in_pp_if_skip;
   do_not_put_curr_line_in_pp_output =

@@ -328,11 +328,11 @@ static void list_source_text(const char *p, const char *end) {
   if (p < end) fwrite_unlocked(p, 1, static_cast<std::size_t>(end - p), f_raw_listing);
 }
 
-// The physical lines of the logical line as they were read, each with a letter for its state; then,
-// where macros were expanded, the line that came of it.
-void gen_raw_listing_for_curr_line() {
-  if (f_raw_listing == nullptr || curr_seq_number == 0 || end_of_all_input) return;
-  if (seq_of_line_listed == curr_seq_number) return;
+// The physical lines of the logical line as they were read, each with a letter for its state. False
+// if they were listed before.
+static bool list_curr_line() {
+  if (curr_seq_number == 0 || end_of_all_input || seq_of_line_listed == curr_seq_number)
+    return false;
   seq_of_line_listed = curr_seq_number;
   const char letter = curr_line_is_skipped ? 'S' : 'N';
   putc_unlocked(letter, f_raw_listing);
@@ -360,7 +360,12 @@ void gen_raw_listing_for_curr_line() {
   }
   list_source_text(p, end_of_curr_source_line);
   putc_unlocked('\n', f_raw_listing);
-  gen_expanded_raw_listing_output_for_curr_line();
+  return true;
+}
+
+// The line, and where macros were expanded the one that came of it.
+void gen_raw_listing_for_curr_line() {
+  if (f_raw_listing != nullptr && list_curr_line()) gen_expanded_raw_listing_output_for_curr_line();
 }
 
 void gen_rlisting_line_info(char flag) {
@@ -374,6 +379,8 @@ void gen_rlisting_line_info(char flag) {
 
 void finish_raw_listing_file() {
   if (f_raw_listing == nullptr) return;
+  // A compilation that ends in the middle of a line lists it too: a message tells of it.
+  if (curr_ise != nullptr && curr_line_is_whole) list_curr_line();
   std::fflush(f_raw_listing);
   int errno_value;
   bool failed = close_output_file(f_raw_listing, &errno_value);
