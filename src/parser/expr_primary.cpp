@@ -18,7 +18,6 @@
 #include "semantics/sys_predef.h"
 #include "semantics/target.h"
 #include "semantics/types.h"
-#include "source/literals.h"
 
 namespace {
 
@@ -200,9 +199,14 @@ void scan_constant_literal(an_operand *result) {
 }
 
 void scan_string_literal(an_operand *result) {
-  concat_adjacent_string_literals(false);
   make_string_constant_operand(&const_for_curr_token, result);
   result->not_integral_constant = true;
+  get_token();
+}
+
+void scan_ud_literal(an_operand *result) {
+  expr_pos_st_error(ec_not_supported, &pos_curr_token, "a user-defined literal is");
+  make_error_operand(result);
   get_token();
 }
 
@@ -388,6 +392,9 @@ void scan_primary(an_operand *result) {
       return;
     case tok_string_literal:
       scan_string_literal(result);
+      return;
+    case tok_ud_literal:
+      scan_ud_literal(result);
       return;
     case tok_lparen:
       scan_parenthesis(result);

@@ -35,6 +35,7 @@ a_constant const_for_curr_token;
 a_constant *const_with_curr_tok_spelling;
 a_symbol *ud_lit_op_sym_for_curr_token;
 a_type *ud_lit_type_for_curr_token;
+an_error_code ud_lit_error_for_curr_token;
 const char *curr_token_asm_string;
 a_cached_token *curr_cached_token_handle;
 a_pending_pragma *curr_token_pragmas;
@@ -132,7 +133,7 @@ a_token_kind scan_sharp(const char *start, int length) {
   return bad_token(ec_bad_use_of_sharp);
 }
 
-// < <= << <<= and the digraphs <: <%; in GNU C++ <? and <?=.
+// < <= << <<= and the digraphs <: <%; in GNU C++ <?.
 a_token_kind scan_less(const char *start) {
   switch (start[1]) {
     case '=':
@@ -484,7 +485,8 @@ a_token_kind get_token_from_text() {
     forgive_syntax_error_at(&pos_curr_token);
   if (curr_text_modif != nullptr && curr_text_modif->concatenations != nullptr) [[unlikely]]
     check_concatenations_at_token();
-  if (kind == tok_string_literal && do_string_literal_concatenation && !fetch_pp_tokens)
+  if ((kind == tok_string_literal || (kind == tok_ud_literal && ud_literal_is_string)) &&
+      do_string_literal_concatenation && !fetch_pp_tokens)
     return concat_adjacent_string_literals(false);
   return kind;
 }

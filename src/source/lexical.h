@@ -52,11 +52,14 @@ extern std::size_t len_of_curr_token;
 extern std::uint32_t curr_token_sequence_number;
 extern std::uint32_t last_token_sequence_number_of_token;  // of the last piece of a joined token
 extern std::uint32_t last_token_sequence_number_used;      // grows by 2 for each token from text
-extern a_symbol_locator locator_for_curr_id;               // of an identifier
+extern a_symbol_locator locator_for_curr_id;               // of an identifier; of the suffix
 extern a_constant const_for_curr_token;                    // of a literal
-extern a_constant *const_with_curr_tok_spelling;   // user-defined literal: its spelling, or null
-extern a_symbol *ud_lit_op_sym_for_curr_token;     // user-defined literal: the operator
+extern a_constant *const_with_curr_tok_spelling;   // user-defined number: its text without suffix
+extern a_symbol *ud_lit_op_sym_for_curr_token;     // user-defined literal: the operator, once the
+                                                   // parser has looked it up
 extern a_type *ud_lit_type_for_curr_token;         // user-defined literal: the type of the literal
+extern an_error_code ud_lit_error_for_curr_token;  // user-defined number that does not fit its
+                                                   // type: an error unless its text is taken
 extern const char *curr_token_asm_string;          // text of an inline-assembly string
 extern a_cached_token *curr_cached_token_handle;   // identity of the cached token; null: from text
 extern a_pending_pragma *curr_token_pragmas;       // pragmas in front of this token, in order

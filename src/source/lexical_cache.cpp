@@ -31,6 +31,7 @@ union a_pooled {
 };
 a_pooled<a_symbol_locator> *avail_locators;
 a_pooled<a_constant> *avail_constants;
+a_pooled<a_cached_ud_literal> *avail_ud_literals;
 
 template <class T>
 T *take_pooled(a_pooled<T> **avail) {
@@ -98,9 +99,10 @@ void store_payload(a_cached_token *token) {
       token->data.asm_string = curr_token_asm_string;
       break;
     case ctd_ud_literal:
-      token->data.ud_literal = {pooled_copy_of_constant(&const_for_curr_token),
-                                const_with_curr_tok_spelling, ud_lit_op_sym_for_curr_token,
-                                ud_lit_type_for_curr_token};
+      token->data.ud_literal = take_pooled(&avail_ud_literals);
+      *token->data.ud_literal = {const_for_curr_token, const_with_curr_tok_spelling,
+                                 ud_lit_type_for_curr_token, locator_for_curr_id,
+                                 ud_lit_error_for_curr_token};
       break;
     case ctd_none:
     case ctd_pragmas:
@@ -132,12 +134,16 @@ void load_payload(const a_cached_token *token) {
     case ctd_asm_string:
       curr_token_asm_string = token->data.asm_string;
       break;
-    case ctd_ud_literal:
-      const_for_curr_token = *token->data.ud_literal.constant;
-      const_with_curr_tok_spelling = token->data.ud_literal.spelling;
-      ud_lit_op_sym_for_curr_token = token->data.ud_literal.operator_symbol;
-      ud_lit_type_for_curr_token = token->data.ud_literal.type;
+    case ctd_ud_literal: {
+      const a_cached_ud_literal *literal = token->data.ud_literal;
+      const_for_curr_token = literal->constant;
+      const_with_curr_tok_spelling = literal->spelling;
+      ud_lit_op_sym_for_curr_token = nullptr;
+      ud_lit_type_for_curr_token = literal->type;
+      ud_lit_error_for_curr_token = literal->error;
+      locator_for_curr_id = literal->suffix;
       break;
+    }
     case ctd_none:
     case ctd_pragmas:
     case ctd_stop:
@@ -178,7 +184,8 @@ a_cached_token *copy_of_token(const a_cached_token *token) {
       copy->data.constant = pooled_copy_of_constant(token->data.constant);
       break;
     case ctd_ud_literal:
-      copy->data.ud_literal.constant = pooled_copy_of_constant(token->data.ud_literal.constant);
+      copy->data.ud_literal = take_pooled(&avail_ud_literals);
+      *copy->data.ud_literal = *token->data.ud_literal;
       break;
     case ctd_pragmas:
       copy->data.pragmas = make_copy_of_pragma_list(token->data.pragmas);
@@ -205,8 +212,7 @@ void update_initial_get_token_tests() {
 void free_cached_token(a_cached_token *token) {
   if (token->data_kind == ctd_locator) give_pooled(&avail_locators, token->data.locator);
   if (token->data_kind == ctd_constant) give_pooled(&avail_constants, token->data.constant);
-  if (token->data_kind == ctd_ud_literal)
-    give_pooled(&avail_constants, token->data.ud_literal.constant);
+  if (token->data_kind == ctd_ud_literal) give_pooled(&avail_ud_literals, token->data.ud_literal);
   token->next = avail_cached_tokens;
   avail_cached_tokens = token;
 }

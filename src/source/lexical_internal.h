@@ -6,6 +6,7 @@
 #include "DIAG/error.h"
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
+#include "il/il_expr.h"
 #include "semantics/symbol_tbl.h"
 #include "source/input_stack.h"
 #include "source/lexical.h"
@@ -22,6 +23,15 @@ enum a_cached_token_data : std::uint8_t {
   ctd_asm_string,  // text of inline assembly
   ctd_stop,        // no token: the replay ends here, the text goes on
   ctd_ud_literal,  // a user-defined literal
+};
+
+// The operator is looked up again on each replay.
+struct a_cached_ud_literal {
+  a_constant constant;
+  a_constant *spelling;
+  a_type *type;
+  a_symbol_locator suffix;
+  an_error_code error;
 };
 
 struct a_cached_token {
@@ -42,12 +52,7 @@ struct a_cached_token {
       const char *start;
       const char *end;  // its last character
     } text;
-    struct {
-      a_constant *constant;  // pooled
-      a_constant *spelling;
-      a_symbol *operator_symbol;
-      a_type *type;
-    } ud_literal;
+    a_cached_ud_literal *ud_literal;  // pooled
   } data;
 };
 

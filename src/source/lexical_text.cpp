@@ -51,6 +51,14 @@ void add_constant(const a_constant *constant) {
   }
 }
 
+void add_ud_literal(const a_cached_ud_literal *literal) {
+  if (literal->spelling != nullptr)
+    add_text(literal->spelling->string_text);
+  else
+    add_constant(&literal->constant);
+  add_text(literal->suffix.header->name);
+}
+
 void add_separator() {
   if (token_string->size_used != 0 && token_string->buffer[token_string->size_used - 1] != ' ')
     add_char_to_text_buffer(token_string, ' ');
@@ -66,7 +74,7 @@ void add_token(const a_cached_token *token) {
       add_constant(token->data.constant);
       break;
     case ctd_ud_literal:
-      add_constant(token->data.ud_literal.constant);
+      add_ud_literal(token->data.ud_literal);
       break;
     case ctd_pp_token:
       add_to_text_buffer(

@@ -50,6 +50,8 @@ void conv_char_literal(std::size_t count, an_error_code *err, const char **err_l
 void conv_string_literal(const char *start, const char *end, int prefix, std::size_t length,
                          an_error_code *err, const char **err_loc);
 
+// The user-defined literal scanned last is a string, which joins with those that follow.
+extern bool ud_literal_is_string;
 // Joins the string literal in the current token with those that follow. from_function_name: the
 // names of the current function count as string literals.
 a_token_kind concat_adjacent_string_literals(bool from_function_name);

@@ -549,26 +549,6 @@ void conv_char_literal(std::size_t, an_error_code *err, const char **err_loc) {
   const_for_curr_token.is_char_literal = true;
 }
 
-const char *end_of_ud_suffix(const char *start) {
-  const char *p = start;
-  int length;
-  while (f_is_identifier_char(p, p == start, &length))
-    p += length;
-  return p;
-}
-
-// "text"_s: an identifier directly behind a literal is its suffix. The operators that suffixes name
-// are not there yet; the suffix is reported and passed over.
-a_token_kind reject_ud_suffix(a_token_kind kind) {
-  if (!user_defined_literals_enabled || fetch_pp_tokens) return kind;
-  const char *end = end_of_ud_suffix(curr_char_loc);
-  if (end == curr_char_loc) return kind;
-  not_supported_at(curr_char_loc, "a user-defined literal is");
-  set_error_constant(&const_for_curr_token);
-  set_curr_token_text(start_of_curr_token, end);
-  return kind;
-}
-
 a_token_kind scan_character(const char *start, int prefix) {
   curr_char_loc = start + length_of_encoding_prefix(prefix) + 1;
   std::size_t count = 0;
@@ -580,8 +560,11 @@ a_token_kind scan_character(const char *start, int prefix) {
     err_code_for_error_token = ec_unclosed_string;
     return tok_error;
   }
+  const char *suffix = end;
+  if (!ended_early) end = end_of_suffix_behind_quote(end);
   set_curr_token_text(start, end);
   if (fetch_pp_tokens) return tok_char_constant;
+  end_of_curr_token = suffix - 1;
   an_error_code err = ec_no_error;
   const char *err_loc = start;
   if (ended_early) {
@@ -596,5 +579,11 @@ a_token_kind scan_character(const char *start, int prefix) {
     error_at(err, err_loc);
     set_error_constant(&const_for_curr_token);
   }
-  return reject_ud_suffix(tok_char_constant);
+  end_of_curr_token = end - 1;
+  if (end == suffix) return tok_char_constant;
+  if (err == ec_no_error && prefix == ep_none && const_for_curr_token.type != integer_type(ik_char)) {
+    error_at(ec_multichar_ud_lit, start);
+    set_error_constant(&const_for_curr_token);
+  }
+  return make_ud_literal(suffix, end);
 }

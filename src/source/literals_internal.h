@@ -54,8 +54,19 @@ std::uint64_t unit_mask_of_prefix(int prefix);
 inline bool is_wide_prefix(int prefix) { return (prefix & ep_kind_mask) >= ep_u; }
 bool prefix_is_utf16(int prefix);
 
-// A suffix of a user-defined literal that follows directly; its end, or start when there is none.
+// ---- User-defined literals ---------------------------------------------------------------------
+
+// The end of the name at start that is a suffix in form; start: no name stands there.
 const char *end_of_ud_suffix(const char *start);
-a_token_kind reject_ud_suffix(a_token_kind kind);
+// The same behind a closing quote, where the name of a macro may be none, and only where such
+// literals exist.
+const char *end_of_suffix_behind_quote(const char *quote_end);
+// Makes the literal in const_for_curr_token one with the suffix from suffix to end.
+a_token_kind make_ud_literal(const char *suffix, const char *end);
+void set_ud_literal(const a_symbol_locator *suffix);
+a_token_kind make_ud_number(const char *start, const char *suffix, const char *end, bool is_float,
+                            an_error_code conversion_error);
+// The text of a number as a string literal, for operators that take it raw.
+a_constant *make_spelling_constant(const char *text, std::size_t length);
 
 #endif

@@ -228,10 +228,7 @@ void convert_number(const a_number_scan *scan, an_error_code *err, const char **
 }
 
 void take_number_error(an_error_code err, const char *err_loc) {
-  if (err == ec_not_supported)
-    not_supported_at(err_loc, "a user-defined literal is");
-  else
-    error_at(err, err_loc);
+  error_at(err, err_loc);
   set_error_constant(&const_for_curr_token);
 }
 
@@ -247,6 +244,19 @@ void not_supported_at(const char *loc, const char *subject) {
   a_source_position pos;
   source_position_at(loc, &pos);
   pos_st_error(ec_not_supported, &pos, subject);
+}
+
+// 12_km: converted without the suffix. A value that does not fit matters only to an operator that
+// does not take the text.
+static a_token_kind scan_ud_number(const a_number_scan *scan, const char *end) {
+  end_of_curr_token = scan->suffix - 1;
+  len_of_curr_token = static_cast<std::size_t>(scan->suffix - scan->start);
+  an_error_code err;
+  const char *err_loc;
+  convert_number(scan, &err, &err_loc);
+  end_of_curr_token = end - 1;
+  len_of_curr_token = static_cast<std::size_t>(end - scan->start);
+  return make_ud_number(scan->start, scan->suffix, end, scan->is_float, err);
 }
 
 a_token_kind scan_number(const char *start) {
@@ -269,14 +279,12 @@ a_token_kind scan_number(const char *start) {
 
   a_token_kind kind = scan.is_float ? tok_float_constant : tok_int_constant;
   if (end != scan.p) {
-    const char *suffix = scan.suffix;
-    bool is_ud_suffix = user_defined_literals_enabled && end_of_ud_suffix(suffix) == end;
-    if (is_ud_suffix)
-      note_error(&scan, ec_not_supported, suffix);
-    else if (user_defined_literals_enabled && end_of_ud_suffix(suffix) != suffix)
-      note_error(&scan, ec_bad_user_defined_suffix, end_of_ud_suffix(suffix));
-    else
+    if (!user_defined_literals_enabled)
       note_error(&scan, ec_extra_chars_on_number, scan.p);
+    else if (const char *suffix_end = end_of_ud_suffix(scan.suffix); suffix_end != end)
+      note_error(&scan, ec_bad_user_defined_suffix, suffix_end);
+    else if (scan.error == ec_no_error)
+      return scan_ud_number(&scan, end);
   }
   an_error_code err = scan.error;
   const char *err_loc = scan.error_loc;

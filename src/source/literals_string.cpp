@@ -14,7 +14,10 @@ namespace {
 
 constexpr std::size_t max_raw_delimiter_length = 16;
 
-int string_prefix_of_curr_token = ep_none;  // of the string literal scanned last
+// Of the string literal scanned last: its prefix, and whether the name directly behind it is a
+// macro, not a suffix.
+int string_prefix_of_curr_token = ep_none;
+bool macro_follows_curr_string;
 
 // Writes a code unit in the target's byte order.
 void store_unit(char *text, std::uint32_t unit, int size) {
@@ -65,6 +68,18 @@ a_text_buffer *unit_buffer() {
 }
 
 }  // namespace
+
+a_constant *make_spelling_constant(const char *text, std::size_t length) {
+  char *copy = alloc_text_of_string_literal(length + 1);
+  std::memcpy(copy, text, length);
+  copy[length] = '\0';
+  a_constant *constant = fs_constant(ck_string);
+  constant->string_text = copy;
+  constant->string_length = length + 1;
+  constant->string_char_kind = chk_char;
+  constant->type = string_literal_type(chk_char, length + 1);
+  return constant;
+}
 
 void conv_string_literal(const char *start, const char *end, int prefix, std::size_t,
                          an_error_code *err, const char **err_loc) {
@@ -168,7 +183,11 @@ a_token_kind scan_string(const char *start, int prefix) {
     err_code_for_error_token = ec_unclosed_string;
     return tok_error;
   }
+  const char *suffix = end;
+  if (!ended_early) end = end_of_suffix_behind_quote(end);
   set_curr_token_text(start, end);
+  string_prefix_of_curr_token = prefix;
+  macro_follows_curr_string = false;
   if (ended_early) {
     error_at(is_raw ? ec_missing_raw_string_delimiter : ec_unclosed_string, start);
     expect_syntax_error_after(1);
@@ -180,13 +199,19 @@ a_token_kind scan_string(const char *start, int prefix) {
   if (fetch_pp_tokens) return tok_string_literal;
   an_error_code err;
   const char *err_loc;
-  conv_string_literal(start, end - 1, prefix, length, &err, &err_loc);
+  conv_string_literal(start, suffix - 1, prefix, length, &err, &err_loc);
   if (err != ec_no_error) {
     error_at(err, err_loc);
     set_error_constant(&const_for_curr_token);
   }
-  string_prefix_of_curr_token = prefix;
-  return reject_ud_suffix(tok_string_literal);
+  if (end == suffix) {
+    macro_follows_curr_string = user_defined_literals_enabled && end_of_ud_suffix(end) != end;
+    return tok_string_literal;
+  }
+  string_prefix_of_curr_token |= ep_ud;
+  make_ud_literal(suffix, end);
+  ud_literal_is_string = true;
+  return tok_ud_literal;
 }
 
 a_token_kind scan_prefixed_literal(const char *start, int prefix) {
@@ -255,6 +280,26 @@ void append_literal(a_text_buffer *buffer, const a_constant *literal, int unit_s
   }
 }
 
+// The suffix of literals that are joined: any of them may have it, all that do have the same.
+struct a_joined_suffix {
+  a_symbol_locator locator;  // no header: none so far
+  bool mismatch_reported;
+  bool macro_follows;  // directly behind the last literal
+};
+
+// Of the literal in the current token.
+void join_suffix(a_joined_suffix *suffix) {
+  suffix->macro_follows = macro_follows_curr_string;
+  if ((string_prefix_of_curr_token & ep_ud) == 0) return;
+  if (suffix->locator.header == nullptr) {
+    suffix->locator = locator_for_curr_id;
+  } else if (suffix->locator.header != locator_for_curr_id.header && !suffix->mismatch_reported) {
+    suffix->mismatch_reported = true;
+    pos_st_error(ec_ud_string_suffix_mismatch, &locator_for_curr_id.position,
+                 suffix->locator.header->name);
+  }
+}
+
 // One constant of all literals of the cache; pragmas in it stay.
 void concat_string_literals(const a_token_cache *cache, int prefix, bool is_error) {
   const int kind = string_kind_of_prefix(prefix), size = character_size[kind];
@@ -289,13 +334,15 @@ void collect_pragmas(const a_token_cache *cache, a_pending_pragma **pragmas) {
 
 }  // namespace
 
-// "a" L"b": the first token is current. One more token than the literals has to be read; it goes
+// "a" L"b"_s: the first token is current. One more token than the literals has to be read; it goes
 // back to the stream.
 a_token_kind concat_adjacent_string_literals(bool from_function_name) {
   push_lexical_state_stack();
   bool saved_concatenation = do_string_literal_concatenation;
   do_string_literal_concatenation = false;
   int prefix = from_function_name ? ep_none : string_prefix_of_curr_token & ep_kind_mask;
+  a_joined_suffix suffix = {};
+  if (!from_function_name) join_suffix(&suffix);
   a_source_position start = pos_curr_token, end = end_pos_curr_token;
   std::uint32_t first_number = curr_token_sequence_number;
   a_pending_pragma *pragmas = curr_token_pragmas;
@@ -308,12 +355,18 @@ a_token_kind concat_adjacent_string_literals(bool from_function_name) {
   cache_curr_token(&literals);
   int count = 1;
   bool bad_mix = false;
-  while (get_token() == tok_string_literal) {
+  for (get_token(); curr_token == tok_string_literal ||
+                    (curr_token == tok_ud_literal && ud_literal_is_string);
+       get_token()) {
     prefix = combined_prefix(prefix, string_prefix_of_curr_token, &pos_curr_token, &bad_mix);
     end = end_pos_curr_token;
+    join_suffix(&suffix);
+    curr_token = tok_string_literal;
     cache_curr_token(&literals);
     ++count;
   }
+  if (suffix.macro_follows && curr_token == tok_identifier)
+    pos_warning(ec_macro_not_udl_suffix, &pos_curr_token);
   cache_curr_token(&following);
   prepend_to_rescan_list(&following);
   do_string_literal_concatenation = saved_concatenation;
@@ -329,7 +382,9 @@ a_token_kind concat_adjacent_string_literals(bool from_function_name) {
   end_pos_curr_token = end;
   curr_token_sequence_number = last_token_sequence_number_of_token = first_number;
   pop_lexical_state_stack();
-  return tok_string_literal;
+  if (suffix.locator.header == nullptr) return tok_string_literal;
+  set_ud_literal(&suffix.locator);
+  return curr_token = tok_ud_literal;
 }
 
 void widen_string_literal(a_constant *constant) {
