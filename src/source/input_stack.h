@@ -80,10 +80,11 @@ void ensure_min_curr_source_line_length(std::size_t size);
 
 // How the logical line differs from the physical ones, in the order of the text.
 enum an_orig_line_modif_kind : std::uint8_t {
-  olm_trigraph,     // one byte stands for three; value: the third
-  olm_line_splice,  // backslash and newline are gone; value: sequence number of the next line
-  olm_newline,      // \ and n stand for a newline in a literal; value: the same
-  olm_null_char,    // 0,6 stands for a null byte
+  olm_trigraph,         // one byte stands for three; value: the third
+  olm_line_splice,      // backslash and newline are gone; value: sequence number of the next line
+  olm_trigraph_splice,  // the same with ??/ for the backslash
+  olm_newline,          // \ and n stand for a newline in a literal; value: the same
+  olm_null_char,        // 0,6 stands for a null byte
 };
 struct an_orig_line_modif {
   an_orig_line_modif *next;

@@ -202,7 +202,13 @@ static bool is_line_spliced(char *line_start, char **out) {
     }
     if (!currently_in_pp_if_skip) pos_warning(ec_white_space_inside_splice, &pos);
   }
-  add_orig_line_modif(backslash, olm_line_splice, seq_number_last_read + 1);
+  an_orig_line_modif *trigraph = end_orig_line_modif_list;
+  if (trigraph != nullptr && trigraph->loc == backslash && trigraph->kind == olm_trigraph) {
+    trigraph->kind = olm_trigraph_splice;
+    trigraph->value = seq_number_last_read + 1;
+  } else {
+    add_orig_line_modif(backslash, olm_line_splice, seq_number_last_read + 1);
+  }
   *out = backslash;
   return true;
 }

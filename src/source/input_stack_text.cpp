@@ -237,7 +237,8 @@ static void position_in_line(const char *loc, a_source_position *pos) {
   search.loc = loc;
   const an_orig_line_modif *m = search.last != nullptr ? search.last->next : orig_line_modif_list;
   for (; m != nullptr; search.last = m, m = m->next) {
-    bool is_line_start = m->kind == olm_line_splice || m->kind == olm_newline;
+    bool is_line_start =
+        m->kind == olm_line_splice || m->kind == olm_trigraph_splice || m->kind == olm_newline;
     if (is_line_start ? m->loc > loc : m->loc >= loc) break;
     switch (m->kind) {
       case olm_trigraph:
@@ -247,6 +248,7 @@ static void position_in_line(const char *loc, a_source_position *pos) {
         search.correction -= 1;
         break;
       case olm_line_splice:
+      case olm_trigraph_splice:
         search.base = m->loc;
         search.correction = 0;
         search.seq = m->value;

@@ -1,8 +1,8 @@
 // Literals: from the text of a number, character or string to the constant in
 // const_for_curr_token, with the types of the dialect and of the target.
 //
-// Two stages: the scan_ routines are called by the tokenizer at the first character, find the end of
-// the token, check its form and give its kind; the conv_ routines work out the value. While
+// Two stages: the scan_ routines are called by the tokenizer at the first character, find the end
+// of the token, check its form and give its kind; the conv_ routines work out the value. While
 // preprocessing tokens are fetched only the first stage runs, and no value is judged. After an
 // error the constant is an error constant.
 #ifndef SOURCE_LITERALS_H

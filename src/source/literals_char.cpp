@@ -122,6 +122,12 @@ std::uint32_t give_original_text(a_char_conversion_state *state) {
       add_pending(state, '?');
       add_pending(state, modif->value);
       break;
+    case olm_trigraph_splice:
+      add_pending(state, '?');
+      add_pending(state, '?');
+      add_pending(state, '/');
+      add_pending(state, '\n');
+      break;
     case olm_line_splice:
       add_pending(state, '\\');
       add_pending(state, '\n');
@@ -307,13 +313,17 @@ struct a_quote_scan {
   std::size_t units;
 };
 
-// Do ) and the delimiter stand here, followed by the quote, as the file has them? A piece that a
-// trigraph or splice made does not count.
+// Do ) and the delimiter stand here, followed by the quote, as the file has them? No splice may
+// stand inside, and trigraphs only where the first delimiter has them.
 bool raw_delimiter_ends_here(const a_quote_scan *scan, const a_raw_delimiter *raw, char quote) {
   const char *p = scan->p;
   if (*p != ')' || std::strncmp(p + 1, raw->text, raw->length) != 0 || p[raw->length + 1] != quote)
     return false;
-  return scan->modif == nullptr || scan->modif->loc > p + raw->length + 1;
+  const an_orig_line_modif *modif = scan->modif;
+  for (int i = 0; i < raw->trigraphs; ++i, modif = modif->next)
+    if (modif == nullptr || modif->kind != olm_trigraph || modif->loc > p + raw->length)
+      return false;
+  return modif == nullptr || modif->loc > p + raw->length + 1;
 }
 
 void take_raw_modification(a_quote_scan *scan) {
@@ -323,7 +333,8 @@ void take_raw_modification(a_quote_scan *scan) {
       ++scan->p;
       break;
     case olm_line_splice:
-      scan->units += 2;
+    case olm_trigraph_splice:
+      scan->units += scan->modif->kind == olm_line_splice ? 2 : 4;
       break;
     case olm_newline:
     case olm_null_char:
@@ -581,7 +592,8 @@ a_token_kind scan_character(const char *start, int prefix) {
   }
   end_of_curr_token = end - 1;
   if (end == suffix) return tok_char_constant;
-  if (err == ec_no_error && prefix == ep_none && const_for_curr_token.type != integer_type(ik_char)) {
+  if (err == ec_no_error && prefix == ep_none &&
+      const_for_curr_token.type != integer_type(ik_char)) {
     error_at(ec_multichar_ud_lit, start);
     set_error_constant(&const_for_curr_token);
   }

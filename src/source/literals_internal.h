@@ -8,11 +8,17 @@
 // Reports at a character of the line.
 void report_at(an_error_severity severity, an_error_code code, const char *loc);
 void not_supported_at(const char *loc, const char *subject);
-inline void error_at(an_error_code code, const char *loc) { report_at(es_error, code, loc); }
-inline void warn_at(an_error_code code, const char *loc) { report_at(es_warning, code, loc); }
+inline void error_at(an_error_code code, const char *loc) {
+  report_at(es_error, code, loc);
+}
+inline void warn_at(an_error_code code, const char *loc) {
+  report_at(es_warning, code, loc);
+}
 
 // Is the form and value of literals judged at all?
-inline bool literals_are_judged() { return !fetch_pp_tokens && !currently_in_pp_if_skip; }
+inline bool literals_are_judged() {
+  return !fetch_pp_tokens && !currently_in_pp_if_skip;
+}
 
 // ---- Characters --------------------------------------------------------------------------------
 
@@ -40,6 +46,7 @@ std::uint32_t conv_single_wide_char(a_char_conversion_state *state, bool process
 struct a_raw_delimiter {
   const char *text;
   std::size_t length;
+  int trigraphs;  // how many of its characters are trigraphs in the file
 };
 
 // Moves curr_char_loc to the closing quote and counts code units. raw: null for other literals.
@@ -51,7 +58,9 @@ bool accum_quoted_string(std::size_t *length, bool is_header_name, int prefix, c
 int string_kind_of_prefix(int prefix);
 int unit_size_of_prefix(int prefix);
 std::uint64_t unit_mask_of_prefix(int prefix);
-inline bool is_wide_prefix(int prefix) { return (prefix & ep_kind_mask) >= ep_u; }
+inline bool is_wide_prefix(int prefix) {
+  return (prefix & ep_kind_mask) >= ep_u;
+}
 bool prefix_is_utf16(int prefix);
 
 // ---- User-defined literals ---------------------------------------------------------------------

@@ -100,7 +100,8 @@ void conv_string_literal(const char *start, const char *end, int prefix, std::si
     a_char_conversion_state state;
     init_char_conversion(&state, source, is_raw, prefix_is_utf16(prefix));
     const std::uint64_t mask = unit_mask_of_prefix(prefix);
-    while (state.source < end || state.pending_count != 0) {
+    while (state.source < end || state.pending_count != 0 ||
+           (state.next_modif != nullptr && state.next_modif->loc == end)) {
       std::uint32_t unit = is_wide_prefix(prefix)
                                ? conv_single_wide_char(&state, !is_raw, mask)
                                : conv_single_char(&state, !is_raw, mask, true, true);
@@ -118,18 +119,38 @@ void conv_string_literal(const char *start, const char *end, int prefix, std::si
 
 namespace {
 
+const an_orig_line_modif *first_modif_from(const char *loc) {
+  if (curr_text_modif != nullptr) return nullptr;
+  const an_orig_line_modif *modif = orig_line_modif_list;
+  while (modif != nullptr && modif->loc < loc)
+    modif = modif->next;
+  return modif;
+}
+
 // R"xyz( : curr_char_loc behind the quote goes behind the parenthesis. False: no parenthesis, the
 // literal is an ordinary one.
 bool scan_raw_delimiter(a_raw_delimiter *delimiter) {
   const char *p = curr_char_loc, *reported = nullptr;
   delimiter->text = p;
-  for (; *p != '('; ++p) {
-    if (*p == '\0' || *p == '"' ||
-        static_cast<std::size_t>(p - delimiter->text) >= max_raw_delimiter_length) {
+  delimiter->trigraphs = 0;
+  std::size_t original_length = 0;
+  const an_orig_line_modif *modif = first_modif_from(p);
+  for (; *p != '('; ++p, ++original_length) {
+    bool is_spliced = false, is_trigraph = false;
+    for (; modif != nullptr && modif->loc == p; modif = modif->next) {
+      is_spliced |= modif->kind == olm_line_splice || modif->kind == olm_trigraph_splice;
+      is_trigraph |= modif->kind == olm_trigraph;
+    }
+    if (is_trigraph) {
+      original_length += 2;
+      ++delimiter->trigraphs;
+    }
+    if (*p == '\0' || *p == '"' || original_length >= max_raw_delimiter_length) {
       error_at(ec_missing_raw_string_delim_lparen, delimiter->text);
       return false;
     }
-    if (!is_raw_string_delimiter_char[static_cast<int>(*p)] && reported == nullptr) {
+    bool is_valid = is_trigraph || is_raw_string_delimiter_char[static_cast<int>(*p)];
+    if ((!is_valid || is_spliced) && reported == nullptr) {
       reported = p;
       report_at(currently_in_pp_if_skip ? es_remark : es_error, ec_bad_raw_string_delim_char, p);
     }
@@ -355,8 +376,8 @@ a_token_kind concat_adjacent_string_literals(bool from_function_name) {
   cache_curr_token(&literals);
   int count = 1;
   bool bad_mix = false;
-  for (get_token(); curr_token == tok_string_literal ||
-                    (curr_token == tok_ud_literal && ud_literal_is_string);
+  for (get_token();
+       curr_token == tok_string_literal || (curr_token == tok_ud_literal && ud_literal_is_string);
        get_token()) {
     prefix = combined_prefix(prefix, string_prefix_of_curr_token, &pos_curr_token, &bad_mix);
     end = end_pos_curr_token;

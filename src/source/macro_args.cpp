@@ -76,6 +76,20 @@ void end_text(a_macro_text_buffer *buffer) {
   out[1] = tm_end_of_modif;
 }
 
+// What the file had in place of a trigraph or splice, for text inside a raw string.
+bool put_back_original(a_macro_text_buffer *buffer, const an_orig_line_modif *modif) {
+  const char trigraph[] = {'?', '?', static_cast<char>(modif->value), '\0'};
+  const char *original = modif->kind == olm_trigraph          ? trigraph
+                         : modif->kind == olm_line_splice     ? "\\\n"
+                         : modif->kind == olm_trigraph_splice ? "?\?/\n"
+                                                              : nullptr;
+  if (original == nullptr) return false;
+  std::size_t length = std::strlen(original);
+  std::memcpy(grow_macro_text(buffer, length), original, length);
+  buffer->length += length;
+  return true;
+}
+
 // R"x( at curr_char_loc, end behind the prefix: the literal may run over lines; each line end in it
 // becomes a newline character of the text.
 void append_raw_string(a_macro_text_buffer *buffer, a_token_trail *trail, const char *quote) {
@@ -88,7 +102,15 @@ void append_raw_string(a_macro_text_buffer *buffer, a_token_trail *trail, const 
     delimiter[length] = p[length];
     ++length;
   }
+  const an_orig_line_modif *modif = curr_text_modif != nullptr ? nullptr : orig_line_modif_list;
   for (;;) {
+    while (modif != nullptr && modif->loc < p)
+      modif = modif->next;
+    if (modif != nullptr && modif->loc == p && put_back_original(buffer, modif)) {
+      if (modif->kind == olm_trigraph) ++p;
+      modif = modif->next;
+      continue;
+    }
     if (*p == ')' && std::strncmp(p + 1, delimiter, length) == 0 && p[length + 1] == '"') {
       std::memcpy(grow_macro_text(buffer, length + 2), p, length + 2);
       buffer->length += length + 2;
@@ -101,6 +123,7 @@ void append_raw_string(a_macro_text_buffer *buffer, a_token_trail *trail, const 
         break;
       }
       add_orig_line_modif(p, olm_newline, seq_number_last_read + 1);
+      modif = end_orig_line_modif_list;
       char *line_end = const_cast<char *>(p);
       line_end[0] = '\\';
       line_end[1] = 'n';

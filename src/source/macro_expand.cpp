@@ -228,6 +228,27 @@ void put_raw(a_substitution *s, std::uint32_t number, bool after_text) {
   }
 }
 
+// Behind the raw string with the quote at p; null: the quote opens no raw string. Inside it nothing
+// is an escape.
+const char *end_of_raw_string(const char *text, const char *p, const char *end) {
+  if (!raw_string_literals_enabled || p == text || p[-1] != 'R') return nullptr;
+  const char *start = p - 1;
+  while (start != text && p - start < 3 && starts_identifier(start - 1))
+    --start;
+  a_pp_text_kind kind;
+  bool is_raw;
+  end_of_pp_token(start, &kind, &is_raw);
+  if (!is_raw) return nullptr;
+  const char *paren = p + 1;
+  while (paren != end && *paren != '(')
+    ++paren;
+  const std::size_t length = static_cast<std::size_t>(paren - p - 1);
+  for (const char *q = paren; q + length + 1 < end; ++q)
+    if (*q == ')' && std::memcmp(q + 1, p + 1, length) == 0 && q[length + 1] == '"')
+      return q + length + 2;
+  return end;
+}
+
 // # parameter. Inside literals the quote and the backslash are escaped:  "a\n"  to  "\"a\\n\"".
 void put_stringized(a_substitution *s, const a_macro_arg *arg, char quote) {
   char *out = s->out;
@@ -251,6 +272,15 @@ void put_stringized(a_substitution *s, const a_macro_arg *arg, char quote) {
       continue;
     }
     if (in_literal == '\0') {
+      if (const char *raw_end = c == '"' ? end_of_raw_string(arg->raw.text, p, end) : nullptr) {
+        for (; p != raw_end; ++p) {
+          if (*p == '\\' || *p == quote) *out++ = '\\';
+          if (*p == '\n') *out++ = '\\';
+          *out++ = *p == '\n' ? 'n' : *p;
+        }
+        --p;
+        continue;
+      }
       if (c == '"' || c == '\'') {
         a_pp_text_kind kind;
         end_of_pp_token(p, &kind, nullptr);

@@ -120,7 +120,12 @@ const char *put_original(const char *p) {
         p += 1;
         break;
       case olm_line_splice:
-        put_char('\\');
+      case olm_trigraph_splice:
+        if (m->kind == olm_trigraph_splice) {
+          put_char('?');
+          put_char('?');
+        }
+        put_char(m->kind == olm_trigraph_splice ? '/' : '\\');
         putc_unlocked('\n', f_pp_output);
         ++next_seq_in_pp_output;
         break;
