@@ -353,6 +353,9 @@ static bool list_curr_line() {
       case olm_line_splice:
         std::fprintf(f_raw_listing, "\\\n%c", letter);
         break;
+      case olm_trigraph_splice:
+        std::fprintf(f_raw_listing, "?\?/\n%c", letter);
+        break;
       case olm_newline:
         std::fprintf(f_raw_listing, "\n%c", letter);
         p += 2;
