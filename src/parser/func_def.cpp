@@ -21,6 +21,7 @@
 #include "semantics/symbol_tbl.h"
 #include "semantics/types.h"
 #include "source/lexical.h"
+#include "target/pragma.h"
 
 namespace {
 
@@ -126,6 +127,7 @@ void scan_function_body(a_routine *routine, a_func_info_block *func_info, unsign
   a_type *type = skip_typerefs(routine->type);
   if (type->kind == tk_routine)
     check_function_return_type(type->return_type, &routine->decl_position, 0, routine);
+  bool args_may_stay_unused = take_lint_pragma(prk_ARGSUSED);
 
   push_scope(sck_function, new_scope_number, nullptr, routine);
   a_scope *scope = top_scope().il_scope;
@@ -134,6 +136,9 @@ void scan_function_body(a_routine *routine, a_func_info_block *func_info, unsign
     enter_knr_parameters(routine, func_info);
   else
     enter_prototype_parameters(routine, func_info);
+  if (args_may_stay_unused)
+    for (a_variable *p = scope->parameters; p != nullptr; p = p->next)
+      p->marked_as_unused = true;
 
   routine->body_range.start = pos_curr_token;
   a_statement *body = compound_statement_full(bf_function_body | bf_user_body, nullptr);

@@ -535,7 +535,15 @@ void scan_block_item() {
   top_stmt_entry().has_statement = true;
 }
 
+// exit(1);  /*NOTREACHED*/  }
+void obey_notreached_comment() {
+  if (!take_lint_pragma(prk_NOTREACHED)) return;
+  set_reachability(not_reachable);
+  unreachable_reported = true;
+}
+
 void scan_block_items() {
+  obey_notreached_comment();
   while (curr_token != tok_rbrace && curr_token != tok_end_of_source) {
     std::uint32_t before = curr_token_sequence_number;
     a_token_kind token_before = curr_token;
@@ -544,6 +552,7 @@ void scan_block_items() {
     if (curr_token_sequence_number == before && curr_token == token_before &&
         curr_token != tok_rbrace && curr_token != tok_end_of_source)
       get_token();
+    obey_notreached_comment();
   }
 }
 

@@ -454,6 +454,14 @@ a_pending_pragma *extract_specific_pragmas(a_pragma_kind kind, a_symbol *symbol,
   return found;
 }
 
+bool take_lint_pragma(a_pragma_kind kind) {
+  a_pending_pragma *found = nullptr;
+  if (curr_token_pragmas != nullptr) extract_kind(&curr_token_pragmas, kind, &found);
+  if (any_curr_construct_pragmas()) extract_kind(&top_scope().construct_pragmas, kind, &found);
+  free_pending_pragmas(found);
+  return found != nullptr;
+}
+
 a_pending_pragma *extract_curr_construct_pragmas() {
   return depth_scope_stack < 0 ? nullptr : take_list(&top_scope().construct_pragmas);
 }

@@ -119,6 +119,9 @@ bool any_curr_construct_pragmas();
 // this scope and (unless this_scope_only) those around it; a list.
 a_pending_pragma *extract_specific_pragmas(a_pragma_kind kind, a_symbol *symbol,
                                            a_statement *statement, bool this_scope_only);
+// The comment /*ARGSUSED*/ in front of the declaration in hand, or /*NOTREACHED*/ in front of the
+// current token: takes it away and tells whether it was there.
+bool take_lint_pragma(a_pragma_kind kind);
 a_pending_pragma *extract_curr_construct_pragmas();
 void reactivate_curr_construct_pragmas(const a_pending_pragma *list);  // installs a copy
 void discard_curr_construct_pragmas();
