@@ -189,6 +189,25 @@ TEST_F(Messages, PopBringsBackWhatPushSaw) {
   EXPECT_FALSE(pop_diag_severities(&later));
 }
 
+TEST_F(Messages, LongHistoriesAreSearchedNotWalked) {
+  constexpr std::uint32_t count = 200000;
+  for (std::uint32_t i = 0; i < count; ++i) {
+    const a_source_position pos = at(2 * i + 1);
+    push_diag_severities();
+    set_severity_for_error_number(ec_bad_token, i % 2 == 0 ? es_none : es_remark, &pos, false);
+    if (i % 4 == 3) {
+      ASSERT_TRUE(pop_diag_severities(&pos));
+    }
+  }
+  std::uint32_t shown = 0;
+  error_threshold = es_remark;
+  for (std::uint32_t i = 0; i < count; ++i) {
+    const a_source_position pos = at(2 * i + 2);
+    if (is_effective_diagnostic(ec_bad_token, es_warning, &pos)) ++shown;
+  }
+  EXPECT_EQ(shown, count / 4);
+}
+
 TEST_F(Messages, OnceMeansOnce) {
   const a_source_position pos = at(1), pragma = at(2), later = at(3);
   set_severity_for_error_number(ec_bad_token, es_once, &pragma, false);
