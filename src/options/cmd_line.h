@@ -12,6 +12,7 @@
 #include "ifile/if_util.h"
 #include "il/il_fwd.h"
 #include "il/src_seq.h"
+#include "options/optobj.h"
 
 // Options by id; names that mean two directions of one thing share one.
 enum an_option_id : std::uint16_t;
@@ -51,6 +52,11 @@ an_opt_override *lookup_opt_override(const std::string &key, bool create);
 // the one of the whole file.
 an_opt_override *get_opt_override(const char *name, const a_source_position *position);
 an_opt_override *get_opt_override(const a_source_correspondence *entity);
+// Gives a function the options of a text besides those that it has already, as a new set of the
+// intermediate file. Stops at a word that is refused, which *refused becomes, and changes nothing
+// then. There must be a base set.
+an_option_verdict add_function_options(const char *name, const a_source_position *position,
+                                       const char *text, std::string *refused);
 // Puts the language options of an override in force. The caller deletes the result; null: none.
 OPTION_STATE *process_opt_override(const char *name, const a_source_position *position);
 OPTION_STATE *process_opt_override(const a_source_correspondence *entity);

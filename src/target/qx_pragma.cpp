@@ -13,6 +13,7 @@
 #include "driver/switches.h"
 #include "il/il.h"
 #include "il/il_walk.h"
+#include "options/cmd_line.h"
 #include "parser/expr.h"
 #include "semantics/const_ints.h"
 #include "semantics/layout.h"
@@ -417,13 +418,24 @@ a_pragma_result qx_code_state(a_pending_pragma *pending, a_symbol *symbol, a_sta
   return result_of(pragma_code_state_backend(pending, symbol, value, false));
 }
 
-// Options of one function are not read yet.
+// FUNCTION_OPTIONS ( f , "options" )   Without a base set there is no place for them.
 a_pragma_result qx_function_options(a_pending_pragma *pending, a_symbol *symbol, a_statement *) {
   const char *text;
   if (!next_pragma_argument() || !scan_string_argument(&text) || !finish_pragma_tokens())
     return prs_failed;
-  if (!check_function_definition(pending, symbol)) return prs_failed;
-  pos_st_warning(ec_not_supported, &pending->name_position, "the pragma FUNCTION_OPTIONS is");
+  if (!check_function_definition(pending, symbol) || icode_optlist.empty()) return prs_failed;
+  std::string refused;
+  const a_routine *routine = symbol->variant.routine;
+  switch (add_function_options(routine->name, &routine->decl_position, text, &refused)) {
+    case ov_accepted:
+      return prs_good;
+    case ov_not_an_option:
+      pos_st_error(ec_invalid_compiler_override_option, &pending->name_position, refused.c_str());
+      return prs_failed;
+    case ov_not_for_functions:
+      pos_st_error(ec_option_not_overridable, &pending->name_position, refused.c_str());
+      return prs_failed;
+  }
   return prs_failed;
 }
 
