@@ -382,6 +382,21 @@ bool scan_list_token(a_list_scan *scan) {
   return true;
 }
 
+// a/**/b in the C of System V: an empty comment between two tokens that the second one touches is
+// ##.
+bool scan_svr4_paste(a_list_scan *scan) {
+  const char *p = curr_char_loc;
+  while (is_blank_char(*p))
+    ++p;
+  if (std::strncmp(p, "/**/", 4) != 0 || is_blank_char(p[4]) || p[4] == '\0' || p[4] == '/' ||
+      scan->left == ln_nothing || scan->left == ln_paste)
+    return false;
+  a_source_position pos;
+  source_position_at(p, &pos);
+  pos_warning(ec_svr4_token_pasting_comment, &pos);
+  return scan_paste(scan, p + 4);
+}
+
 // White space beside # and ## leaves no trace in the chunks, but two definitions that differ in it
 // are not the same.
 void note_spacing(a_list_scan *scan) {
@@ -396,6 +411,7 @@ bool scan_replacement_list(a_definition *d) {
   text_chunk_is_open = false;
   a_list_scan scan = {d, ln_nothing, 0, false, 0, 0};
   for (;;) {
+    if (SVR4_C_mode && scan_svr4_paste(&scan)) continue;
     kind_of_white_space_skipped = 0;
     skip_white_space();
     scan.after_blank = pcc_preprocessing_mode ? (kind_of_white_space_skipped & wsk_blanks) != 0
