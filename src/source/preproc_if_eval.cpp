@@ -114,8 +114,10 @@ a_pp_value scan_literal_token() {
   fetch_pp_tokens = false;
   a_token_kind token = get_token();
   if (token == tok_int_constant || token == tok_char_constant) {
-    value.bits = value_of_integer_constant(&const_for_curr_token, &value.is_unsigned);
-    if (token == tok_char_constant) value.is_unsigned = false;
+    value = {const_for_curr_token.integer_value, !int_constant_is_signed(&const_for_curr_token)};
+    // 'a' is an int; L'a', u'a' and U'a' have unsigned types.
+    bool is_plain = *start == '\'' || (*start == 'u' && start[1] == '8');
+    if (token == tok_char_constant && is_plain) value.is_unsigned = false;
   } else if (token == tok_error) {
     failed = true;
     a_source_position pos;

@@ -254,3 +254,25 @@ where call(where)
 "other.c" 9
 "third.c" 5
 "other.c" 11 2 "other.c" 11 "other.c" 11
+=== types-in-conditions
+#if -L'a' > 0 && -u'a' > 0 && -U'a' > 0
+wide characters are unsigned
+#endif
+#if -1 > 0b1u && -1 > 0B1UL && -1 < 0b1 && -1 < 0x7
+suffixes count
+#endif
+#if -'a' < 0 && 'ab' != 0 && '\n' == 10 && '\x41' == 65 && '\101' == 65
+plain ones are int
+#endif
+#if (1 ? -1 : 0u) > 0 && (0u || -1) - 2 < 0 && (2u > 1) - 2 < 0
+only the value of a comparison is int
+#endif
+#if 0x8000000000000000 > 0 && 9223372036854775807 + 0 > 0 && -9223372036854775807 - 1 < 0
+intmax_t
+#endif
+--- gives
+wide characters are unsigned
+suffixes count
+plain ones are int
+only the value of a comparison is int
+intmax_t
