@@ -5,6 +5,7 @@
 
 #include "driver/switches.h"
 #include "il/il.h"
+#include "parser/statements.h"
 #include "semantics/folding.h"
 #include "semantics/scope_stk.h"
 #include "semantics/symbol_ref.h"
@@ -32,13 +33,38 @@ void clear_operand(an_operand_kind kind, an_operand *operand) {
   operand->end_pos = end_pos_curr_token;
 }
 
+// int x; return x;  warns once a variable. Only where the text runs in its order, and only of what
+// has one value: a part of a record or an array may have been set through the whole. A program with
+// errors may have lost what sets it.
+void check_use_before_set(const a_ref_entry *entry) {
+  const a_symbol *symbol = entry->symbol;
+  if (symbol->kind != syk_variable || symbol->value_set || symbol->is_error_symbol) return;
+  a_variable *variable = symbol->variant.variable;
+  if (variable == nullptr ||
+      (variable->storage_class != sc_auto && variable->storage_class != sc_register) ||
+      variable->is_parameter || variable->used_before_set_reported ||
+      variable->is_compiler_generated || variable->asm_register_given ||
+      !is_scalar_type(variable->type) || is_volatile_type(variable->type) ||
+      !runs_straight_on_from(symbol->decl_position)) {
+    return;
+  }
+  variable->used_before_set_reported = true;
+  pos_sy_warning(ec_used_before_set, &entry->position, entry->symbol);
+}
+
 void record_refs() {
+  // The uses of an inner context are recorded before those in front of it in the outer one.
+  const bool in_order = expr_stack->enclosing == nullptr && expr_stack->evaluated &&
+                        !expr_stack->suppress_errors && !suppress_used_before_set_warnings &&
+                        total_errors == 0;
   a_ref_entry *entry = curr_expr_ref_entries;
   while (entry != nullptr) {
     a_ref_entry *next = entry->next_in_expr;
     bool evaluated = expr_stack->evaluated;
     if (!entry->is_error) {
       unsigned kinds = entry->kinds;
+      if (in_order && (kinds & ref_read) != 0 && !entry->value_is_dropped)
+        check_use_before_set(entry);
       if (kinds == 0) kinds = ref_read;
       if (!evaluated) kinds = ref_unevaluated;
       record_symbol_reference(kinds, entry->symbol, &entry->position, evaluated);
@@ -216,7 +242,7 @@ a_ref_entry *ref_entry(a_symbol *symbol, const a_source_position *position) {
     avail_ref_entries = entry->next_in_expr;
   else
     entry = static_cast<a_ref_entry *>(alloc_in_region(permanent_region, sizeof(a_ref_entry)));
-  *entry = {nullptr, symbol, *position, 0, false, nullptr};
+  *entry = {nullptr, symbol, *position, 0, false, false, nullptr};
   (last_expr_ref_entry != nullptr ? last_expr_ref_entry->next_in_expr : curr_expr_ref_entries) =
       entry;
   last_expr_ref_entry = entry;

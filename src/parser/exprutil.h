@@ -35,9 +35,10 @@ struct a_ref_entry {
   a_ref_entry *next_in_expr;
   a_symbol *symbol;
   a_source_position position;
-  unsigned kinds;  // a_reference_kind; 0: named only
-  bool is_error;   // nothing more is recorded of it
-  a_ref_entry *object;  // of a member: the reference to the object of which it is a part, or null
+  unsigned kinds;         // a_reference_kind; 0: named only
+  bool is_error;          // nothing more is recorded of it
+  bool value_is_dropped;  // by (void)x
+  a_ref_entry *object;    // of a member: the reference to the object of which it is a part, or null
 };
 
 struct an_operand {

@@ -156,6 +156,8 @@ static bool cast_to_union(an_operand *operand, a_type *type) {
 }
 
 void c_style_cast(an_operand *operand, a_type *type, const a_source_position *position) {
+  if (operand->ref_entry != nullptr && is_void_type(type))
+    operand->ref_entry->value_is_dropped = true;
   do_operand_transformations(operand);
   if (operand->kind == ok_error) return;
   if (is_error_type(type)) {

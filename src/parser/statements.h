@@ -53,6 +53,11 @@ extern bool stmt_reachable;
 extern bool end_reachable;
 extern bool unreachable_reported;
 
+// Is every piece of text between that position and the current statement, where control can get,
+// run at most once before it, in the order of the text? Not inside a loop or a statement expression
+// that began behind the position, and not behind a label, to which a later goto may come back.
+bool runs_straight_on_from(const a_source_position &position);
+
 // ---- Bodies ------------------------------------------------------------------------------------
 
 enum a_block_flag : unsigned {

@@ -128,7 +128,23 @@ void record_jump(a_symbol *label_symbol, const a_source_position *position) {
   first_jump = jump;
 }
 
+static a_source_position last_label_place;
+
+bool runs_straight_on_from(const a_source_position &position) {
+  if (depth_stmt_stack < 0 || !stmt_reachable) return false;
+  if (compare_source_positions(last_label_place, position) >= 0) return false;
+  for (int depth = depth_stmt_stack; depth >= 0; --depth) {
+    const a_struct_stmt_stack_entry &entry = stmt_entry(depth);
+    const bool is_loop = entry.kind >= ssk_while && entry.kind <= ssk_range_for;
+    if ((is_loop || entry.is_statement_expression) &&
+        compare_source_positions(entry.statement_pos, position) >= 0)
+      return false;
+  }
+  return true;
+}
+
 void record_label_place(a_symbol *label_symbol) {
+  last_label_place = label_symbol->decl_position;
   label_symbol->extra.first = innermost_descr;
 }
 

@@ -47,4 +47,5 @@ void g(void) {
 //      ^
 // expect: warning #824 pragma DATA_SECTION can only be applied to a file level symbol definition, not "local"
   data = inner + local;
+// expect: warning #551 variable "local" is used before its value is set
 }
