@@ -283,7 +283,7 @@ void set_cpp11_group(bool v) {
   if (!rvalue_references_enabled) {
     generate_move_operations = rvalue_ctor_is_copy_ctor = false;
   } else if (!(given(opt_rvalue_ctor_is_copy_ctor) && rvalue_ctor_is_copy_ctor)) {
-    generate_move_operations = true;
+    unless_given(opt_gen_move_operations, &generate_move_operations, true);
     rvalue_ctor_is_copy_ctor = false;
   }
   if (v) {
@@ -368,7 +368,8 @@ void refuse_c_options_in_cplusplus() {
 
 void settle_cplusplus() {
   if (in_any_cfront_mode()) settle_cfront();
-  if (std_version == 0) std_version = 201402;
+  // The old dialects need temporaries that C++11 cannot have.
+  if (std_version == 0) std_version = in_any_cfront_mode() ? 199711 : 201402;
   bool standard_given =
       given(opt_cpp11) || given(opt_cpp14) || given(opt_cpp17) || given(opt_cpp03);
   if (gpp_mode && !clang_mode && gnu_version >= 60000 && !standard_given) std_version = 201402;
@@ -553,11 +554,9 @@ void settle_gpp_names(int v) {
   unless_given(opt_exceptions, &exceptions_enabled, false);
   unless_given(opt_extern_inline, &extern_inline_allowed, true);
   unless_given(opt_alternative_tokens, &alternative_tokens_allowed, true);
-  if (v >= 30400) {
-    unless_given(opt_dep_name, &do_dependent_name_processing, true);
-    unless_given(opt_parse_templates, &nonclass_prototype_instantiations, true);
-    dependent_lookup_finds_static_functions = true;
-  }
+  unless_given(opt_dep_name, &do_dependent_name_processing, v >= 30400);
+  unless_given(opt_parse_templates, &nonclass_prototype_instantiations, v >= 30400);
+  if (v >= 30400) dependent_lookup_finds_static_functions = true;
   unless_given(opt_nonstd_default_arg_deduction, &nonstandard_default_arg_deduction, v < 40300);
   unless_given(opt_nonstd_instantiation_lookup, &nonstandard_instantiation_lookup_enabled, false);
   unless_given(opt_friend_injection, &friend_class_injection_enabled, v < 40001);
@@ -619,7 +618,7 @@ void settle_gpp_features(int v) {
         v >= 40800 && v <= 40899 && !clang_mode;
   }
   if (!clang_mode) late_template_ovl_res_tiebreaker = v >= 40700;
-  enumerator_attributes_enabled = clang_mode || v >= 60000;
+  if (clang_mode || v >= 60000) enumerator_attributes_enabled = true;
   if (cpp11 && v >= 60000 && !clang_mode) terse_static_assert_enabled = true;
   if (!clang_mode) {
     register_is_deprecated = register_is_disallowed = false;
