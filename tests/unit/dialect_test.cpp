@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <deque>
 #include <map>
 #include <set>
 #include <sstream>
@@ -11,6 +12,8 @@
 
 #include "front_end_start.h"
 #include "options/cmd_line.h"
+#include "semantics/target.h"
+#include "target/arm_util.h"
 
 namespace {
 
@@ -63,9 +66,10 @@ const a_group groups[] = {
     {ALL,
      "long_long_is_standard binary_literals_allowed variadic_macros_allowed std_attributes_enabled "
      "pragma_operator_allowed"},
-    {"", "std_c99_inlining gnu_c89_inlining constexpr_implies_const rvalue_ctor_is_copy_ctor "
-         "exceptions_enabled guiding_decls_allowed use_nonstandard_for_init_scope rtti_enabled "
-         "cfront_2_1_mode cfront_3_0_mode"},
+    {"",
+     "std_c99_inlining gnu_c89_inlining constexpr_implies_const rvalue_ctor_is_copy_ctor "
+     "exceptions_enabled guiding_decls_allowed use_nonstandard_for_init_scope rtti_enabled "
+     "cfront_2_1_mode cfront_3_0_mode"},
 
     // The modes.
     {"k", "pcc_preprocessing_mode no_token_separators_in_pp_output"},
@@ -76,9 +80,10 @@ const a_group groups[] = {
      "gpp_mode gpp_dependent_name_lookup gpp_using_directive_lookup inline_template_allowed "
      "friend_class_decl_can_find_using_dir allow_default_arg_on_template_member_definition"},
     {"Ll", "clang_mode"},
-    {GNU, "allow_dollar_in_id_chars extended_variadic_macros_allowed nonstd_gnu_keywords_enabled "
-          "gnu_restrict_keyword_enabled null_chars_allowed_in_source "
-          "allow_nonstandard_anonymous_unions"},
+    {GNU,
+     "allow_dollar_in_id_chars extended_variadic_macros_allowed nonstd_gnu_keywords_enabled "
+     "gnu_restrict_keyword_enabled null_chars_allowed_in_source "
+     "allow_nonstandard_anonymous_unions"},
     {"kabcpqrs", "trigraphs_allowed"},
     {"abcpqrs" GNU, "check_concatenations"},
 
@@ -103,17 +108,19 @@ const a_group groups[] = {
     {"AncCDL" CPP11, "alignas_enabled alignof_enabled"},
 
     // C++ in every version.
-    {CPP, "namespaces_enabled array_new_and_delete_enabled wchar_t_is_keyword bool_is_keyword "
-          "explicit_keyword_enabled typename_enabled class_name_injection_enabled "
-          "arg_dependent_lookup_enabled extern_inline_allowed "
-          "operator_overloading_on_enums_enabled elab_type_lookup_finds_typedefs"},
+    {CPP,
+     "namespaces_enabled array_new_and_delete_enabled wchar_t_is_keyword bool_is_keyword "
+     "explicit_keyword_enabled typename_enabled class_name_injection_enabled "
+     "arg_dependent_lookup_enabled extern_inline_allowed "
+     "operator_overloading_on_enums_enabled elab_type_lookup_finds_typedefs"},
     {"pmP" CPP11, "do_dependent_name_processing nonclass_prototype_instantiations"},
 
     // What changed with the versions of the emulated compiler.
     {"mPQRlSN", "dependent_lookup_finds_static_functions"},
-    {"om", "nonstandard_default_arg_deduction friend_class_injection_enabled "
-           "friend_function_injection_enabled parameters_visible_late "
-           "gnu_namespace_and_class_in_same_scope cpp11_sfinae_ignore_access"},
+    {"om",
+     "nonstandard_default_arg_deduction friend_class_injection_enabled "
+     "friend_function_injection_enabled parameters_visible_late "
+     "gnu_namespace_and_class_in_same_scope cpp11_sfinae_ignore_access"},
     {"o", "no_access_check_on_friend_declarator_ids"},
     {"PQRSN", "macro_preempts_udl_suffix late_template_ovl_res_tiebreaker"},
     {"PQRlSN", "type_traits_helpers_enabled gnu_bases_operators_enabled"},
@@ -134,7 +141,8 @@ const a_group groups[] = {
      "false_literal_is_not_null_pointer_constant local_types_as_template_args_enabled "
      "decls_using_types_without_linkage_allowed this_in_trailing_return_types_enabled "
      "char16_t_and_char32_t_are_keywords lambda_default_args_enabled "
-     "enable_decltype_in_base_specifier_and_mem_initializer function_template_default_args_allowed"},
+     "enable_decltype_in_base_specifier_and_mem_initializer "
+     "function_template_default_args_allowed"},
     {"P" CPP11,
      "variadic_templates_enabled decltype_enabled explicit_enum_base_enabled "
      "inline_namespaces_enabled delegating_constructors_enabled deleted_functions_enabled "
@@ -194,6 +202,113 @@ const a_number_row numbers[] = {
     {"--instantiate=none", "instantiation_mode", 0},
 };
 
+// What the target's options settle, outside the switches.
+struct a_target_row {
+  const char *options;
+  const char *name;
+  long (*value)();
+  long expected;
+};
+#define VALUE(variable) #variable, [] { return static_cast<long>(variable); }
+const a_target_row target_rows[] = {
+    {"--float_operations_allowed=none", VALUE(legal_float_precision), 0},
+    {"--float_operations_allowed=all", VALUE(legal_float_precision), 1},
+    {"--float_operations_allowed=32", VALUE(legal_float_precision), 2},
+    {"--float_operations_allowed=64", VALUE(legal_float_precision), 3},
+    {"--float_operations_allowed=0 --float_operations_allowed=x", VALUE(legal_float_precision), 1},
+    {"--fp_mode=relaxed", VALUE(relaxed_fp), 1},
+    {"--fp_mode=relaxed --fp_mode=strict", VALUE(relaxed_fp), 0},
+    {"--small-enum", VALUE(targ_enum_types_can_be_smaller_than_int), 1},
+    {"--keep_unneeded_types=true", VALUE(keep_unneeded_types), 1},
+    {"--keep_unneeded_types=false", VALUE(keep_unneeded_types), 0},
+    {"--abi=eabi", VALUE(is_eabi), 1},
+    {"--abi=eabi", VALUE(targ_max_bit_field_size), 64},
+    {"--abi=other", VALUE(is_eabi), 0},
+    {"--small_container_bitfield_layout", VALUE(targ_bit_field_container_size), 0},
+    {"--align_structs=8", VALUE(targ_minimum_struct_alignment), 8},
+    {"--array_alignment=8", VALUE(targ_top_aryaln), 8},
+    {"--unaligned_access=on", VALUE(unaligned_access_supported), 1},
+    {"--unaligned_access=off", VALUE(unaligned_access_supported), 0},
+    {"--symdebug:dwarf", VALUE(targ_compile_with_sym_debug), 1},
+    {"--symdebug:coff", VALUE(targ_compile_with_sym_debug), 1},
+    {"--mem_model:code=near", VALUE(targ_code_access_model), 0},
+    {"--mem_model:code=large", VALUE(targ_code_access_model), 4},
+    {"--mem_model:data=far_aggregates", VALUE(targ_data_access_model), 2},
+    {"--mem_model:data=flat", VALUE(targ_data_access_model), 6},
+    {"--mem_model:const=far", VALUE(targ_const_access_model), 1},
+    {"--predefine_memory_model_macros", VALUE(targ_predefine_memory_model_macros), 1},
+    {"--long_precision_bits=32", VALUE(targ_sizeof_long), 4},
+    {"--wchar_t_bits=32", VALUE(targ_sizeof_wchar_t), 4},
+    {"--wchar_t_bits=16", VALUE(targ_sizeof_wchar_t), 2},
+    {"--code_state=16", VALUE(targ_code_state), 16},
+    {"--code_state=32", VALUE(targ_code_state), 32},
+    {"--eabi_compat=gcc34", VALUE(std::strcmp(eabi_compat, "GCC34")), 0},
+    {"--eabi_compat=RVCT21", VALUE(std::strcmp(eabi_compat, "RVCT21")), 0},
+    {"--float_support=none", VALUE(softfp_support), 1},
+    {"--float_support=VFPv3D16", VALUE(std::strcmp(vfp_support, "VFPv3D16")), 0},
+    {"--import_undef=on", VALUE(import_undef), 1},
+    {"--import_undef=off", VALUE(import_undef), 0},
+    {"--visibility=hidden", VALUE(targ_sym_default_visibility), 3},
+    {"--visibility=other", VALUE(targ_sym_default_visibility), 0},
+    {"--dllexport_visibility=protected", VALUE(targ_sym_export_visibility), 2},
+    {"--advice:performance=all", VALUE(performance_advice), 1},
+    {"--advice:performance=none", VALUE(performance_advice), 0},
+    {"--size_speed_goal=high_risk_performance", VALUE(targ_size_speed_goal), 0},
+    {"--size_speed_goal=high_risk_size", VALUE(targ_size_speed_goal), 5},
+    {"--big_endian", VALUE(targ_little_endian), 0},
+    {"--little_endian", VALUE(targ_little_endian), 1},
+    {"--neon", VALUE(targ_is_neon), 1},
+    {"--printf_support=nofloat", VALUE(printf_support), 0},
+    {"--printf_support=minimal", VALUE(printf_support), 1},
+    {"--printf_support=full", VALUE(printf_support), 2},
+    {"--signed_chars", VALUE(targ_has_signed_chars), 1},
+    {"-s", VALUE(targ_has_signed_chars), 1},
+    {"-s -u", VALUE(targ_has_signed_chars), 0},
+    {"--unsigned_chars", VALUE(targ_has_signed_chars), 0},
+    {"--signed_bit_fields", VALUE(targ_plain_int_bit_field_is_unsigned), 0},
+    {"--unsigned_bit_fields", VALUE(targ_plain_int_bit_field_is_unsigned), 1},
+    {"--max_cost_constexpr_call=9", VALUE(max_cost_constexpr_call), 9},
+    {"--max_depth_constexpr_call=7", VALUE(max_depth_constexpr_call), 7},
+    {"--multibyte_chars", VALUE(multibyte_chars_in_source_enabled), 1},
+    {"--no_multibyte_chars", VALUE(multibyte_chars_in_source_enabled), 0},
+    {"--old_style_preprocessing", VALUE(pcc_preprocessing_mode), 1},
+    {"--force_vtbl", VALUE(virtual_function_table_definition), 2},
+    {"--suppress_vtbl", VALUE(virtual_function_table_definition), 1},
+    {"--strict --relaxed", VALUE(strict_ansi_mode), 0},
+    {"--pack_alignment=4", VALUE(default_max_member_alignment), 4},
+    {"--ii_file=a.ii", VALUE(std::strcmp(ii_file_name, "a.ii")), 0},
+    {"--template_info_file=a.ti", VALUE(std::strcmp(template_info_file_name, "a.ti")), 0},
+    {"--definition_list_file=a.dl", VALUE(std::strcmp(definition_list_file_name, "a.dl")), 0},
+    {"--ah_output_file=a.h", VALUE(std::strcmp(ah_file_name, "a.h")), 0},
+    {"--il_output_file=a.cil", VALUE(std::strcmp(il_file_name, "a.cil")), 0},
+    {"--object_file=a.obj", VALUE(std::strcmp(object_file_name, "a.obj")), 0},
+    {"--incl_suffixes=::h", VALUE(std::strcmp(include_file_suffixes, "::h")), 0},
+    {"--db_typerw --db_typerw", VALUE(tp_print_debug), 2},
+    {"--opt_shell 2 --one --two", VALUE(std::strcmp(shell_opts[1], "--two")), 0},
+    {"--opt_opt f -O2", VALUE(std::strcmp(lookup_opt_override("f", false)->opt_options, "-O2")), 0},
+    {"--opt_cg f -s", VALUE(std::strcmp(lookup_opt_override("f", false)->cg_options, "-s")), 0},
+    {"--opt_ansi f -s", VALUE(std::strcmp(lookup_opt_override("f", false)->ansi_options, "-s")), 0},
+    // Letters.
+    {"--strict -R", VALUE(strict_ansi_mode), 0},
+    {"-A", VALUE(strict_ansi_error_severity), 10},
+    {"-a", VALUE(strict_ansi_error_severity), 6},
+    {"-qnj", VALUE(quiet_mode + suppress_back_end + suppress_used_before_set_warnings), 3},
+    {"-N", VALUE(suppress_il_lowering), 1},
+    {"-K", VALUE(C_dialect), 1},
+    {"-m", VALUE(C_dialect), 0},
+    {"-p", VALUE(C_dialect), 2},
+    {"-x", VALUE(exceptions_enabled), 1},
+    {"-tall", VALUE(instantiation_mode), 1},
+    {"-t none", VALUE(instantiation_mode), 0},
+    {"--no_auto_instantiation -T", VALUE(automatic_instantiation_mode), 1},
+    {"-V", VALUE(virtual_function_table_definition), 1},
+    {"--strict -$", VALUE(allow_dollar_in_id_chars), 1},
+    {"-w", VALUE(error_threshold), 9},
+    {"-r", VALUE(error_threshold), 4},
+    {"-e7", VALUE(error_limit), 7},
+    {"-#", VALUE(display_compilation_time), 1},
+};
+
 std::map<std::string, int> values() {
   std::map<std::string, int> result;
 #define FLAG(name, default, meaning) result[#name] = name;
@@ -205,7 +320,9 @@ std::map<std::string, int> values() {
 
 // The switches behind a command line; the program is left as it was before.
 std::map<std::string, int> values_with(const std::string &options) {
-  std::vector<std::string> words = {"qxparse"};
+  static std::deque<std::vector<std::string>> kept;  // the options point into their words
+  std::vector<std::string> &words = kept.emplace_back();
+  words = {"qxparse"};
   std::istringstream text(options);
   for (std::string word; text >> word;)
     words.push_back(word);
@@ -262,5 +379,12 @@ TEST(Dialects, OptionsOfSwitches) {
     const std::map<std::string, int> found = values_with(options);
     ASSERT_NE(found.find(row.name), found.end()) << row.name << " is no switch";
     EXPECT_EQ(found.at(row.name), row.value) << row.name << " with " << options;
+  }
+}
+
+TEST(Dialects, OptionsOfTheTarget) {
+  for (const a_target_row &row : target_rows) {
+    values_with(row.options);
+    EXPECT_EQ(row.value(), row.expected) << row.name << " with " << row.options;
   }
 }

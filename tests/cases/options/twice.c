@@ -1,0 +1,2 @@
+#warning one
+#warning two
