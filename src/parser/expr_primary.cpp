@@ -205,7 +205,8 @@ void scan_string_literal(an_operand *result) {
 }
 
 void scan_ud_literal(an_operand *result) {
-  expr_pos_st_error(ec_not_supported, &pos_curr_token, "a user-defined literal is");
+  if (const_for_curr_token.kind != ck_error || ud_lit_error_for_curr_token != ec_no_error)
+    expr_pos_st_error(ec_not_supported, &pos_curr_token, "a user-defined literal is");
   make_error_operand(result);
   get_token();
 }

@@ -75,7 +75,8 @@ void scan_exponent(a_number_scan *scan) {
   const char *start = scan->p++;
   scan->is_float = true;
   if (*scan->p == '+' || *scan->p == '-') ++scan->p;
-  if (is_decimal_digit(*scan->p)) {
+  bool starts_with_separator = *scan->p == '\'' && digit_separators_enabled && in_cplusplus();
+  if (is_decimal_digit(*scan->p) || starts_with_separator) {
     scan_digits(scan, 10);
   } else if (in_pcc_mode()) {
     if (literals_are_judged()) warn_at(ec_bad_float_constant, start);
@@ -119,7 +120,7 @@ void scan_decimal(a_number_scan *scan) {
   if (*scan->p == '.') {
     scan->is_float = true;
     ++scan->p;
-    if (is_decimal_digit(*scan->p)) scan_digits(scan, 10);
+    scan_digits(scan, 10);
   }
   if (*scan->p == 'e' || *scan->p == 'E') scan_exponent(scan);
   if (scan->is_float || !leading_zero) return;
