@@ -17,6 +17,8 @@ a_cached_token *avail_cached_tokens;
 a_token_cache *avail_token_caches;
 a_rescan_stack_entry *avail_rescan_stack_entries;
 
+a_cached_token *pp_token_in_use;  // used up, but its text is that of the current token
+
 template <class T>
 T *alloc_permanent() {
   return static_cast<T *>(alloc_in_region(permanent_region, sizeof(T)));
@@ -79,6 +81,18 @@ a_constant *pooled_copy_of_constant(const a_constant *source) {
   return copy;
 }
 
+std::size_t size_of_text(const a_cached_token *token) {
+  return static_cast<std::size_t>(token->data.text.end + 1 - token->data.text.start);
+}
+
+// A copy of the text with a byte 0 behind it.
+void store_text(a_cached_token *token, const char *start, std::size_t length) {
+  char *text = static_cast<char *>(alloc_general(length + 1));
+  std::memcpy(text, start, length);
+  text[length] = '\0';
+  token->data.text = {text, text + length - 1};
+}
+
 void store_payload(a_cached_token *token) {
   switch (token->data_kind) {
     case ctd_locator:
@@ -88,13 +102,9 @@ void store_payload(a_cached_token *token) {
     case ctd_constant:
       token->data.constant = pooled_copy_of_constant(&const_for_curr_token);
       break;
-    case ctd_pp_token: {
-      char *text =
-          copy_string_to_region(permanent_region, start_of_curr_token, len_of_curr_token + 1);
-      text[len_of_curr_token] = '\0';
-      token->data.text = {text, text + len_of_curr_token - 1};
+    case ctd_pp_token:
+      store_text(token, start_of_curr_token, len_of_curr_token);
       break;
-    }
     case ctd_asm_string:
       token->data.asm_string = curr_token_asm_string;
       break;
@@ -117,6 +127,7 @@ void load_payload(const a_cached_token *token) {
   switch (token->data_kind) {
     case ctd_locator:
       locator_for_curr_id = *token->data.locator;
+      set_constant_of_keyword(token->kind);
       break;
     case ctd_constant:
       const_for_curr_token = *token->data.constant;
@@ -190,7 +201,12 @@ a_cached_token *copy_of_token(const a_cached_token *token) {
     case ctd_pragmas:
       copy->data.pragmas = make_copy_of_pragma_list(token->data.pragmas);
       break;
-    default:
+    case ctd_pp_token:
+      store_text(copy, token->data.text.start, size_of_text(token));
+      break;
+    case ctd_asm_string:
+    case ctd_none:
+    case ctd_stop:
       break;
   }
   return copy;
@@ -210,9 +226,27 @@ void update_initial_get_token_tests() {
 }
 
 void free_cached_token(a_cached_token *token) {
-  if (token->data_kind == ctd_locator) give_pooled(&avail_locators, token->data.locator);
-  if (token->data_kind == ctd_constant) give_pooled(&avail_constants, token->data.constant);
-  if (token->data_kind == ctd_ud_literal) give_pooled(&avail_ud_literals, token->data.ud_literal);
+  switch (token->data_kind) {
+    case ctd_locator:
+      give_pooled(&avail_locators, token->data.locator);
+      break;
+    case ctd_constant:
+      give_pooled(&avail_constants, token->data.constant);
+      break;
+    case ctd_ud_literal:
+      give_pooled(&avail_ud_literals, token->data.ud_literal);
+      break;
+    case ctd_pragmas:
+      free_pending_pragmas(token->data.pragmas);
+      break;
+    case ctd_pp_token:
+      free_general(const_cast<char *>(token->data.text.start), size_of_text(token) + 1);
+      break;
+    case ctd_asm_string:
+    case ctd_none:
+    case ctd_stop:
+      break;
+  }
   token->next = avail_cached_tokens;
   avail_cached_tokens = token;
 }
@@ -237,7 +271,12 @@ a_cached_token *next_cached_token() {
 void consume_cached_token(a_cached_token *token) {
   if (token == cached_token_rescan_list) {
     cached_token_rescan_list = token->next;
-    free_cached_token(token);
+    if (token->data_kind == ctd_pp_token) {  // start_of_curr_token points into its text
+      if (pp_token_in_use != nullptr) free_cached_token(pp_token_in_use);
+      pp_token_in_use = token;
+    } else {
+      free_cached_token(token);
+    }
   } else {
     curr_rescan_stack_entry->current = token->next;
   }
@@ -256,6 +295,7 @@ bool get_cached_token() {
     if (token->data_kind == ctd_pragmas) {
       append_pragmas(from_list ? token->data.pragmas
                                : make_copy_of_pragma_list(token->data.pragmas));
+      if (from_list) token->data.pragmas = nullptr;
       consume_cached_token(token);
       continue;
     }
@@ -472,6 +512,11 @@ void rescan_copy_of_cache(const a_token_cache *cache) {
 void update_reusable_cache_rescan_location(a_cached_token *handle) {
   check_invariant(curr_rescan_stack_entry != nullptr);
   curr_rescan_stack_entry->current = handle;
+  while (cached_token_rescan_list != nullptr) {  // what a look-ahead took from there
+    a_cached_token *token = cached_token_rescan_list;
+    cached_token_rescan_list = token->next;
+    free_cached_token(token);
+  }
 }
 
 void increment_variadic_rescans_for_reusable_cache() {
@@ -586,6 +631,7 @@ void split_right_shift_token() {
 }
 
 void init_token_caches() {
+  pp_token_in_use = nullptr;
   cached_token_rescan_list = nullptr;
   curr_rescan_stack_entry = nullptr;
   curr_token_pragmas = nullptr;

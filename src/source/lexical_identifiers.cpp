@@ -4,6 +4,8 @@
 
 #include "UTIL/unicode.h"
 #include "driver/host_envir.h"
+#include "semantics/folding.h"
+#include "semantics/types.h"
 #include "source/lexical_internal.h"
 #include "source/macro.h"
 
@@ -239,6 +241,14 @@ bool is_dropped_keyword(a_symbol *keyword) {
 
 }  // namespace
 
+a_token_kind set_constant_of_keyword(a_token_kind kind) {
+  if (kind == tok_true || kind == tok_false) {
+    set_integer_constant_of_type(&const_for_curr_token, kind == tok_true, bool_type());
+    const_for_curr_token.is_literal = true;
+  }
+  return kind;
+}
+
 a_token_kind scan_identifier(const char *start, bool inert, bool temporarily_inert) {
   const char *p = start;
   while (is_id_char[static_cast<int>(p[0])]) {
@@ -288,7 +298,7 @@ a_token_kind scan_identifier(const char *start, bool inert, bool temporarily_ine
       if (kind == tok_unimplemented)
         report_disabled_keyword(keyword);
       else if (!is_dropped_keyword(keyword))
-        return kind;
+        return set_constant_of_keyword(kind);
     }
   }
   return tok_identifier;

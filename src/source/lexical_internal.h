@@ -103,6 +103,7 @@ inline void set_curr_token_text(const char *start, const char *end) {
 inline constexpr a_token_kind tok_rescan = tok_last;
 
 a_token_kind scan_identifier(const char *start, bool inert, bool temporarily_inert);
+a_token_kind set_constant_of_keyword(a_token_kind kind);  // true and false are constants
 a_token_kind bad_token(an_error_code code);
 // An error was reported for what stands here; behind so many more tokens of the text the parser may
 // find something missing that is no mistake of its own.

@@ -342,12 +342,13 @@ void concat_string_literals(const a_token_cache *cache, int prefix, bool is_erro
 }
 
 // Takes the pragmas that stood between the literals out of the cache, behind those in *pragmas.
-void collect_pragmas(const a_token_cache *cache, a_pending_pragma **pragmas) {
+void collect_pragmas(a_token_cache *cache, a_pending_pragma **pragmas) {
   while (*pragmas != nullptr)
     pragmas = &(*pragmas)->next;
-  for (const a_cached_token *token = cache->head; token != nullptr; token = token->next) {
+  for (a_cached_token *token = cache->head; token != nullptr; token = token->next) {
     if (token->data_kind != ctd_pragmas) continue;
     *pragmas = token->data.pragmas;
+    token->data.pragmas = nullptr;
     while (*pragmas != nullptr)
       pragmas = &(*pragmas)->next;
   }

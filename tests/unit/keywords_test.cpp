@@ -7,10 +7,8 @@
 #include <set>
 #include <sstream>
 #include <string>
-#include <vector>
 
-#include "front_end_start.h"
-#include "options/cmd_line.h"
+#include "lexical_fixture.h"
 #include "semantics/symbol_tbl.h"
 #include "source/lexical.h"
 
@@ -149,21 +147,6 @@ const an_option_row option_rows[] = {
     {"--c11 --clang --clang_version=30700", "_Null_unspecified", 'k'},
 };
 
-void start(const std::string &options) {
-  fe_early_init();
-  std::vector<std::string> words = {"qxparse"};
-  std::istringstream stream(options + " none.c");
-  for (std::string word; stream >> word;)
-    words.push_back(word);
-  std::vector<char *> arguments;
-  for (std::string &word : words)
-    arguments.push_back(word.data());
-  arguments.push_back(nullptr);
-  proc_command_line(static_cast<int>(words.size()), arguments.data());
-  fe_one_time_init();
-  begin_translation_unit("none.c", 1, nullptr);
-}
-
 char state_of(const std::string &word) {
   for (const a_symbol *symbol = find_symbol_header(word.data(), word.size())->active_symbols;
        symbol != nullptr; symbol = symbol->next_active)
@@ -176,7 +159,7 @@ char state_of(const std::string &word) {
 
 TEST(Keywords, OfEachDialect) {
   for (const a_dialect &dialect : dialects) {
-    start(dialect.options);
+    start_front_end_with_options(dialect.options);
     for (const a_group &group : groups) {
       char expected = std::strchr(group.dialects, dialect.letter) != nullptr ? 'k' : 'i';
       std::istringstream words(group.words);
@@ -189,7 +172,7 @@ TEST(Keywords, OfEachDialect) {
 
 TEST(Keywords, OfSingleOptions) {
   for (const an_option_row &row : option_rows) {
-    start(row.options);
+    start_front_end_with_options(row.options);
     EXPECT_EQ(state_of(row.word), row.state) << row.word << " with " << row.options;
     end_front_end();
   }
@@ -216,7 +199,7 @@ TEST(Keywords, AllAreListed) {
 
 // Words that share a token, and what each of them means.
 TEST(Keywords, SpellingsOfOneToken) {
-  start("--c++14 --g++ --rtti");
+  start_front_end_with_options("--c++14 --g++ --rtti");
   const std::map<const char *, a_token_kind> tokens = {
       {"and", tok_and_and},
       {"and_eq", tok_and_assign},

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "front_end_start.h"
 #include "il/il_expr.h"
+#include "lexical_fixture.h"
 #include "semantics/const_ints.h"
 #include "semantics/float_pt.h"
 #include "semantics/symbol_tbl.h"
@@ -18,7 +18,7 @@
 
 namespace {
 
-class Lexical : public ::testing::Test {
+class Lexical : public a_lexical_test {
  protected:
   void SetUp() override {
     static bool is_started = false;
@@ -30,49 +30,7 @@ class Lexical : public ::testing::Test {
       hex_floating_point_constants_allowed = universal_character_names_allowed = true;
     });
   }
-  void TearDown() override { close(); }
-
-  // Reads what is left of the open text.
-  void close() {
-    if (!text_is_open_) return;
-    while (curr_token != tok_end_of_source)
-      get_token();
-    end_inserted_text(&place_);
-    text_is_open_ = false;
-  }
-
-  // Makes text the input; the first token is current.
-  void open(const std::string &text) {
-    close();
-    text_is_open_ = true;
-    text_ = text;
-    text_ += std::string("\0\2\0\1", 4);
-    a_source_position pos = {1, 1, 0};
-    begin_inserted_text(text_.c_str(), &pos, &place_);
-    get_token();
-  }
-  std::vector<a_token_kind> kinds_of(const std::string &text) {
-    open(text);
-    std::vector<a_token_kind> kinds;
-    for (; curr_token != tok_end_of_source; get_token())
-      kinds.push_back(curr_token);
-    return kinds;
-  }
-  std::string string_of(const std::string &text) {
-    open(text);
-    EXPECT_EQ(curr_token, tok_string_literal) << text;
-    if (const_for_curr_token.kind != ck_string) return "<error>";
-    return std::string(const_for_curr_token.string_text, const_for_curr_token.string_length);
-  }
-
- private:
-  std::string text_;
-  a_saved_text_place place_;
-  bool text_is_open_ = false;
 };
-
-using kinds = std::vector<a_token_kind>;
-
 }  // namespace
 
 TEST_F(Lexical, PunctuatorsTakeTheLongestMatch) {
