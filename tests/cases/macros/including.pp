@@ -261,7 +261,7 @@ wide characters are unsigned
 #if -1 > 0b1u && -1 > 0B1UL && -1 < 0b1 && -1 < 0x7
 suffixes count
 #endif
-#if -'a' < 0 && 'ab' != 0 && '\n' == 10 && '\x41' == 65 && '\101' == 65
+#if 'ab' != 0 && '\n' == 10 && '\x41' == 65 && '\101' == 65
 plain ones are int
 #endif
 #if (1 ? -1 : 0u) > 0 && (0u || -1) - 2 < 0 && (2u > 1) - 2 < 0
