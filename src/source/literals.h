@@ -50,6 +50,9 @@ void conv_char_literal(std::size_t count, an_error_code *err, const char **err_l
 void conv_string_literal(const char *start, const char *end, int prefix, std::size_t length,
                          an_error_code *err, const char **err_loc);
 
+// The end of the user-defined suffix behind a closing quote, where such literals exist; the name of
+// a macro may be none.
+const char *end_of_suffix_behind_quote(const char *quote_end);
 // The user-defined literal scanned last is a string, which joins with those that follow.
 extern bool ud_literal_is_string;
 // Joins the string literal in the current token with those that follow. from_function_name: the

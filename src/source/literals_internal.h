@@ -67,9 +67,6 @@ bool prefix_is_utf16(int prefix);
 
 // The end of the name at start that is a suffix in form; start: no name stands there.
 const char *end_of_ud_suffix(const char *start);
-// The same behind a closing quote, where the name of a macro may be none, and only where such
-// literals exist.
-const char *end_of_suffix_behind_quote(const char *quote_end);
 // Makes the literal in const_for_curr_token one with the suffix from suffix to end.
 a_token_kind make_ud_literal(const char *suffix, const char *end);
 void set_ud_literal(const a_symbol_locator *suffix);

@@ -9,6 +9,7 @@
 #include "driver/switches.h"
 #include "semantics/symbol_tbl.h"
 #include "source/input_stack_internal.h"
+#include "source/literals.h"
 #include "source/macro_internal.h"
 #include "source/preproc.h"
 
@@ -112,9 +113,10 @@ void append_raw_string(a_macro_text_buffer *buffer, a_token_trail *trail, const 
       continue;
     }
     if (*p == ')' && std::strncmp(p + 1, delimiter, length) == 0 && p[length + 1] == '"') {
-      std::memcpy(grow_macro_text(buffer, length + 2), p, length + 2);
-      buffer->length += length + 2;
-      curr_char_loc = p + length + 2;
+      curr_char_loc = end_of_suffix_behind_quote(p + length + 2);
+      length = static_cast<std::size_t>(curr_char_loc - p);
+      std::memcpy(grow_macro_text(buffer, length), p, length);
+      buffer->length += length;
       break;
     }
     if (*p == '\0' && p[1] != tm_null_char) {

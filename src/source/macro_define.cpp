@@ -17,6 +17,7 @@
 #include "semantics/symbol_ref.h"
 #include "semantics/symbol_tbl.h"
 #include "source/input_stack_internal.h"
+#include "source/literals.h"
 #include "source/macro_internal.h"
 #include "source/preproc.h"
 #include "source/preproc_internal.h"
@@ -366,7 +367,7 @@ bool scan_list_token(a_list_scan *scan) {
     for (end = paren; *end != '\0'; ++end)
       if (*end == ')' && std::strncmp(end + 1, quote + 1, delimiter) == 0 &&
           end[delimiter + 1] == '"') {
-        end += delimiter + 2;
+        end = end_of_suffix_behind_quote(end + delimiter + 2);
         break;
       }
     length = static_cast<std::size_t>(end - start);

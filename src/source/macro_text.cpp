@@ -8,6 +8,7 @@
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
 #include "source/input_stack_internal.h"
+#include "source/literals.h"
 #include "source/macro_internal.h"
 
 // ---- The macro text buffer ---------------------------------------------------------------------
@@ -213,7 +214,7 @@ const char *end_of_pp_token(const char *p, a_pp_text_kind *kind, bool *raw_strin
           return end;
         }
         const char *closed = end_of_quoted_text(end + 1, *end);
-        if (closed != nullptr) return closed;
+        if (closed != nullptr) return end_of_suffix_behind_quote(closed);
       }
     }
     *kind = ptk_identifier;
@@ -227,7 +228,7 @@ const char *end_of_pp_token(const char *p, a_pp_text_kind *kind, bool *raw_strin
   if (c == '"' || c == '\'') {
     const char *closed = end_of_quoted_text(p + 1, c);
     *kind = closed != nullptr ? ptk_literal : ptk_punctuator;
-    return closed != nullptr ? closed : p + 1;
+    return closed != nullptr ? end_of_suffix_behind_quote(closed) : p + 1;
   }
   *kind = c == '\0' ? ptk_end : ptk_punctuator;
   return c == '\0' ? p : end_of_punctuator(p);

@@ -68,3 +68,12 @@ u8 R R"x" u8"y" LR"z"
 --- gives
 R"(x)" u8"a" u"b" U'c' "u8" 1'0' 12_km "a"_km
 prefix raw raw"x" prefix"y" LR"z"
+=== suffixes-are-no-parameters --c++14 --g++
+#define f(q) 'c'q "s"q R"(r)"q 12q L"w"q #q u8"x"q
+#define g(x) [x]
+#define m macro
+#define h(s) s""s
+#define fn(x) call x
+f(1) g("a"_k) g(R"(x)"_k) g("x" m) h(1) h("y") g("a"fn(1)) "b"fn(2)
+--- gives
+'c'q "s"q R"(r)"q 12q L"w"q "1" u8"x"q ["a"_k] [R"(x)"_k] ["x" macro] 1""s "y" ""s ["a" call 1] "b" call 2
