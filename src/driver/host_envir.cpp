@@ -10,6 +10,7 @@
 #include <clocale>
 #include <cstdlib>
 #include <cstring>
+#include <initializer_list>
 
 #include "DIAG/error.h"
 #include "UTIL/basics.h"
@@ -45,6 +46,7 @@ a_directory_name_entry *alloc_directory_name_entry(const char *name, bool is_sys
   }
   entry->name = name;
   entry->is_system = is_system;
+  entry->id_is_known = false;
   entry->next = nullptr;
   return entry;
 }
@@ -120,7 +122,9 @@ void pop_primary_include_search_dir(const char *dir, bool) {
 
 void change_primary_include_search_dir(const char *dir) {
   if (!put_dir_of_each_opened_source_file_on_incl_search_path) return;
-  if (incl_search_path != nullptr) incl_search_path->name = dir;
+  if (incl_search_path == nullptr) return;
+  incl_search_path->name = dir;
+  incl_search_path->id_is_known = false;
 }
 
 // Takes the entry behind `before` (null: the head) out of the include list.
@@ -135,6 +139,35 @@ static void remove_include_dir_behind(a_directory_name_entry *before,
   free_directory_name_entry(entry);
 }
 
+// Do the names alone say that it is one directory?
+static bool dir_names_agree(const char *a, const char *b) {
+  if (std::strcmp(a, b) == 0) return true;
+  auto same_as_absolute = [](const char *relative, const char *absolute) {
+    const std::size_t length = std::strlen(current_directory_name);
+    if (std::strncmp(absolute, current_directory_name, length) != 0) return false;
+    absolute += length;
+    if (*relative == '\0') return *absolute == '\0';
+    return *absolute == '/' && std::strcmp(absolute + 1, relative) == 0;
+  };
+  const bool absolute_a = is_absolute_file_name(a);
+  const bool absolute_b = is_absolute_file_name(b);
+  return absolute_a != absolute_b && (absolute_a ? same_as_absolute(b, a) : same_as_absolute(a, b));
+}
+
+static void get_id_of_dir(const char *name, a_unique_file_id *id) {
+  get_unique_id_for_file(*name != '\0' ? name : ".", id);
+}
+
+// Asks the system once for each entry, since every one is compared with all others.
+static bool is_same_dir(a_directory_name_entry *a, a_directory_name_entry *b) {
+  if (dir_names_agree(a->name, b->name)) return true;
+  for (a_directory_name_entry *entry : {a, b}) {
+    if (!entry->id_is_known) get_id_of_dir(entry->name, &entry->id);
+    entry->id_is_known = true;
+  }
+  return same_unique_file_ids(&a->id, &b->id);
+}
+
 void remove_duplicate_include_dirs(a_directory_name_entry **last_user_dir, bool also_system) {
   a_directory_name_entry *before = nullptr;
   a_directory_name_entry *entry = incl_search_path;
@@ -145,7 +178,7 @@ void remove_duplicate_include_dirs(a_directory_name_entry **last_user_dir, bool 
     bool entry_goes = false;
     for (a_directory_name_entry *previous = entry; !entry_goes && !at_stop(previous->next);) {
       a_directory_name_entry *later = previous->next;
-      if (compare_dir_names(entry->name, later->name, false) != 0) {
+      if (!is_same_dir(entry, later)) {
         previous = later;
         continue;
       }
@@ -166,23 +199,11 @@ void remove_duplicate_include_dirs(a_directory_name_entry **last_user_dir, bool 
 }
 
 int compare_dir_names(const char *a, const char *b, bool exact) {
-  if (std::strcmp(a, b) == 0) return 0;
-  auto same_as_absolute = [](const char *relative, const char *absolute) {
-    const std::size_t length = std::strlen(current_directory_name);
-    if (std::strncmp(absolute, current_directory_name, length) != 0) return false;
-    absolute += length;
-    if (*relative == '\0') return *absolute == '\0';
-    return *absolute == '/' && std::strcmp(absolute + 1, relative) == 0;
-  };
-  const bool absolute_a = is_absolute_file_name(a);
-  const bool absolute_b = is_absolute_file_name(b);
-  if (absolute_a != absolute_b && (absolute_a ? same_as_absolute(b, a) : same_as_absolute(a, b))) {
-    return 0;
-  }
+  if (dir_names_agree(a, b)) return 0;
   if (exact) return 1;
   a_unique_file_id id_a, id_b;
-  get_unique_id_for_file(*a != '\0' ? a : ".", &id_a);
-  get_unique_id_for_file(*b != '\0' ? b : ".", &id_b);
+  get_id_of_dir(a, &id_a);
+  get_id_of_dir(b, &id_b);
   return same_unique_file_ids(&id_a, &id_b) ? 0 : 1;
 }
 
@@ -353,6 +374,8 @@ void display_time_used(const char *label, const a_timer *start, const a_timer *e
                std::difftime(end->wall_time, start->wall_time));
 }
 
+bool in_signal_handler;
+
 void exit_compilation(int severity) {
   int status = 0;
   switch (severity) {
@@ -374,6 +397,11 @@ void exit_compilation(int severity) {
       if (severity == es_internal_error) std::fputs("Compilation aborted.\n", f_error);
       std::fflush(f_error);
       std::abort();
+  }
+  if (in_signal_handler) {
+    unlink_begun_outputs();
+    std::fflush(f_error);
+    std::_Exit(status);
   }
   std::exit(status);  // what is begun goes away with it
 }

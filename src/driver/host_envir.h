@@ -14,17 +14,19 @@
 
 #include "driver/mem_manage.h"
 
-// One directory of a search list. From general memory; entries taken out of a list are used again.
-struct a_directory_name_entry {
-  const char *name;
-  bool is_system;
-  a_directory_name_entry *next;
-};
-
 // Device and inode of a file; both zero when it has no status.
 struct a_unique_file_id {
   std::uint64_t device;
   std::uint64_t inode;
+};
+
+// One directory of a search list. From general memory; entries taken out of a list are used again.
+struct a_directory_name_entry {
+  const char *name;
+  bool is_system;
+  bool id_is_known;  // id was asked for
+  a_unique_file_id id;
+  a_directory_name_entry *next;
 };
 
 struct a_timer {
@@ -174,7 +176,9 @@ int smemcmp(const void *a, const void *b, std::size_t length);  // a null compar
 
 void get_timer(a_timer *timer);
 void display_time_used(const char *label, const a_timer *start, const a_timer *end);
-// Ends the process with the status that belongs to the severity.
+extern bool in_signal_handler;  // the process may be in the middle of anything
+// Ends the process with the status that belongs to the severity; without tidying up when a signal
+// asked for it, since what it would touch may be half done.
 [[noreturn]] void exit_compilation(int severity);
 
 void host_envir_early_init();

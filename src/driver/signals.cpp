@@ -67,6 +67,7 @@ void install(int sig, a_signal_handler handler) {
 
 // An interrupt or a request to end: as a catastrophe, without its message.
 void interrupt_handler(int) {
+  in_signal_handler = true;
   std::fputc('\n', f_error);
   term_compilation(es_catastrophe);
 }
@@ -82,6 +83,7 @@ void fault_handler(int sig, siginfo_t *information, void *) {
   const auto *place = static_cast<const char *>(information->si_addr);
   if (place < stack_guard_low || place >= stack_guard_high) primary_signal_handler(sig);
   stack_guard_low = stack_guard_high = nullptr;
+  in_signal_handler = true;
   catastrophe(ec_program_too_large);
 }
 

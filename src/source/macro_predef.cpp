@@ -62,6 +62,9 @@ a_symbol *find_defined_macro(a_symbol_header *header) {
 
 bool is_valid_identifier(const char *text, std::size_t length, a_symbol **symbol,
                          a_symbol_locator *locator) {
+  // The end of a literal would be searched for behind the text, which no marker ends.
+  for (std::size_t i = 0; i < length; ++i)
+    if (text[i] == '"' || text[i] == '\'') return false;
   a_pp_text_kind kind;
   if (length == 0 || end_of_pp_token(text, &kind, nullptr) != text + length ||
       kind != ptk_identifier)

@@ -46,6 +46,7 @@ int LLVMFuzzerInitialize(int *argc, char ***argv);
 namespace {
 
 constexpr int sanitizer_status = 99;
+constexpr int fuzzer_status = 77;  // of its handlers of signals
 constexpr rlim_t max_seconds = 10;
 constexpr long max_resident_kilobytes = 2L << 20;
 constexpr int max_runs_of_worker = 200;
@@ -135,7 +136,7 @@ void prepare_child() {
 void run_once(const std::vector<std::string> &words, a_fuzz_depth depth) {
   auto **argv = new char *[words.size() + 1]();
   for (std::size_t i = 0; i < words.size(); ++i)
-    argv[i] = const_cast<char *>(words[i].c_str());
+    argv[i] = strdup(words[i].c_str());  // of its exact size; the front end keeps what it points to
   f_error = stderr;
   f_pp_output = f_raw_listing = f_xref_info = nullptr;
   try {
@@ -166,12 +167,12 @@ bool in_worker;
   prepare_child();
   in_worker = true;
   for (char byte; read(in, &byte, 1) == 1;) {
-    auto *words = new std::vector<std::string>;  // the front end keeps what it points to
+    std::vector<std::string> words;
     const char *word = request->words;
     for (std::size_t i = 0; i < request->num_words; ++i, word += std::strlen(word) + 1)
-      words->push_back(word);
+      words.push_back(word);
     const bool is_left = setjmp(end_of_run) != 0;
-    if (!is_left) run_once(*words, request->depth);
+    if (!is_left) run_once(words, request->depth);
     std::fflush(nullptr);
     rusage usage;
     getrusage(RUSAGE_SELF, &usage);
@@ -256,7 +257,8 @@ const char *finding_in_fresh_process(const std::vector<std::string> &words, a_fu
   if (WIFSIGNALED(status)) {
     return WTERMSIG(status) == SIGXCPU ? "too much time" : strsignal(WTERMSIG(status));
   }
-  if (WEXITSTATUS(status) == sanitizer_status) return "finding of a sanitizer";
+  if (WEXITSTATUS(status) == sanitizer_status || WEXITSTATUS(status) == fuzzer_status)
+    return "finding of a sanitizer";
   if (usage.ru_maxrss > max_resident_kilobytes) return "too much memory";
   return nullptr;
 }
