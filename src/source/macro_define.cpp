@@ -521,15 +521,25 @@ a_symbol *enter_definition(const a_definition *d) {
   return macro_symbol;
 }
 
-// Between the name and the list of an object-like macro.
-void check_gap_behind_name(const char *name, const char *name_end) {
-  if (curr_cmd_line_or_predef_macro_def != nullptr && !processing_predefined_macro) {
-    if (gnu_mode) return;
+bool is_cmd_line_definition() {
+  return curr_cmd_line_or_predef_macro_def != nullptr && !processing_predefined_macro;
+}
+
+// -Dname=list, -Dname(params)=list: the = is still there, or in GNU modes a blank stands for it.
+void pass_equals(const char *name) {
+  if (!gnu_mode) {
     if (*curr_char_loc != '=')
       str_command_line_error(ec_bad_cmd_line_macro, curr_cmd_line_or_predef_macro_def);
     ++curr_char_loc;
-    return;
+  } else if (*curr_char_loc != '\0' && !is_blank_char(*curr_char_loc)) {
+    a_source_position pos;
+    source_position_at(curr_char_loc, &pos);
+    pos_st_warning(ec_equals_assumed_in_cmd_line_macro_def, &pos, name);
   }
+}
+
+// Between the name and the list of an object-like macro of a source.
+void check_gap_behind_name(const char *name, const char *name_end) {
   char c = *name_end;
   if (c == '\0' || is_blank_char(c) || c == '\r' || c == '/') return;
   a_source_position pos;
@@ -570,8 +580,9 @@ a_symbol *proc_define() {
     if (!scan_params(&d)) return nullptr;
   } else {
     d.flags |= mf_object_like;
-    check_gap_behind_name(d.header->name, name_end);
+    if (!is_cmd_line_definition()) check_gap_behind_name(d.header->name, name_end);
   }
+  if (is_cmd_line_definition()) pass_equals(d.header->name);
   if (!scan_replacement_list(&d)) return nullptr;
   return enter_definition(&d);
 }
