@@ -521,6 +521,16 @@ TEST_F(Messages, TheListingTakesEachMessageInALine) {
   EXPECT_EQ(total_errors, 2u);
 }
 
+TEST_F(Messages, SomeWordsHaveTwoSpellings) {
+  display_error_number = false;
+  const auto report = [] { pos_error(ec_cl_microsoft_version_insufficient_for_cppcli, nullptr); };
+  report();
+  EXPECT_TRUE(output().starts_with("Error: C++/CX mapping mode requires "));
+  use_cppcli_fill_ins = true;
+  report();
+  EXPECT_TRUE(output().starts_with("Error: C++/CLI mode requires "));
+}
+
 TEST_F(Messages, APredefinedMacroHasNoPlace) {
   processing_predefined_macro = true;
   curr_cmd_line_or_predef_macro_def = "x(=1";
