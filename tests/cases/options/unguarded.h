@@ -1,0 +1,1 @@
+int in_header; /* a /* comment */
