@@ -84,7 +84,9 @@ def main():
     ROWS = catalogue(root)
     tags, met = reported(root, ROWS), met_numbers(root) | met_texts(root, ROWS)
     unmet = sorted(tag for tag in tags if ROWS[tag][0] not in met)
-    reasons = dict(re.findall(r'^(\w+):?[ ]*(.*)$', text_of(list_path), re.M))
+    reasons = {}
+    for tag, reason in re.findall(r'^(\w+):?[ ]*(.*)$', text_of(list_path), re.M):
+        reasons[tag] = reason or reasons.get(tag, '')
     if '--write' in sys.argv:
         reasons = {tag: reasons.get(tag, '') for tag in unmet}
         with open(list_path, 'w') as stream:
