@@ -140,7 +140,6 @@ def limits():
     write('small.c', 'int x;\n')
     write('many.c', ''.join(FUNCTION.format(i) for i in range(1500)))
     write('deep.c', 'int x = ' + '(' * 15000 + '1' + ')' * 15000 + ';\n')
-    write('listed.c', '#error stop\n')
 
     def run(file_size, *words):
         remove('out.if', 'out.i', 'out.lst')
@@ -154,6 +153,10 @@ def limits():
         run(size, '--list=out.lst', '--i_output_file=out.if', 'many.c').expect(4, TERMINATED, no='out.if')
         run(size, '--xref=out.lst', '--i_output_file=out.if', 'many.c').expect(
             4, 'error while writing cross-reference file: File too large', no='out.if')
+    # The listing fails when the intermediate file is whole: it goes too.
+    write('listed.c', '/* ' + '\n'.join(['long' * 20] * 200) + ' */ int x;\n')
+    run(8192, '--list=out.lst', '--i_output_file=out.if', 'listed.c').expect(
+        4, 'error while writing raw listing file', TERMINATED, no='out.if')
     mib = 1 << 20
     if Run('--toolversion', limits={resource.RLIMIT_AS: 1024 * mib}).status != 0:
         print('limits of memory: not in this build')

@@ -154,10 +154,7 @@ void back_end() {
   bool abandon = total_errors != errors;
   if (file.if_close(keep_unneeded_types, abandon) && !abandon)
     str_catastrophe(ec_file_write_error, "generated IL output");
-  if (abandon)
-    unlink_begun_outputs();
-  else
-    forget_begun_output(i_file_name);
+  if (abandon) unlink_begun_outputs();
   i_file = nullptr;
   type_pkg = nullptr;
 }

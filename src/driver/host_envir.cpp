@@ -277,6 +277,11 @@ void forget_begun_output(const char *name) {
   }
 }
 
+void forget_all_begun_outputs() {
+  for (auto &slot : begun_outputs)
+    slot[0] = '\0';
+}
+
 void unlink_begun_outputs() {
   for (auto &slot : begun_outputs) {
     if (slot[0] != '\0') {
@@ -403,7 +408,10 @@ void exit_compilation(int severity) {
     std::fflush(f_error);
     std::_Exit(status);
   }
-  std::exit(status);  // what is begun goes away with it
+  // What is begun goes away with a failing end, also when it is whole: the listing that cannot be
+  // written takes the intermediate file along.
+  if (status == 0) forget_all_begun_outputs();
+  std::exit(status);
 }
 
 // ---- Phases ------------------------------------------------------------------------------------

@@ -131,10 +131,11 @@ void clear_unique_file_id(a_unique_file_id *id);
 bool same_unique_file_ids(const a_unique_file_id *a, const a_unique_file_id *b);
 std::size_t hash_unique_file_id(const a_unique_file_id *id);
 
-// Outputs that are begun and not yet whole. In whatever way the process ends, all that are still
+// Outputs that are begun. In whatever way the process ends but with status 0, all that are still
 // noted are deleted, so that nobody takes a part for the whole.
 void note_begun_output(const char *name);
 void forget_begun_output(const char *name);
+void forget_all_begun_outputs();
 void unlink_begun_outputs();  // safe in a signal handler
 
 // ---- Encodings ---------------------------------------------------------------------------------
