@@ -1,0 +1,1 @@
+int i = __has_include("one.c");
