@@ -65,6 +65,8 @@ bool prefix_is_utf16(int prefix);
 
 // ---- User-defined literals ---------------------------------------------------------------------
 
+// Of the whole universal character name at text; 0: there is none.
+int length_of_universal_character(const char *text);
 // The end of the name at start that is a suffix in form; start: no name stands there.
 const char *end_of_ud_suffix(const char *start);
 // Makes the literal in const_for_curr_token one with the suffix from suffix to end.

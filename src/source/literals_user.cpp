@@ -10,10 +10,6 @@
 
 namespace {
 
-bool is_universal_character(const char *p) {
-  return *p == '\\' && (p[1] == 'u' || p[1] == 'U') && universal_character_names_allowed;
-}
-
 // The name between start and end, as UTF-8.
 a_symbol_header *header_of_suffix(const char *start, const char *end) {
   std::size_t length = static_cast<std::size_t>(end - start);
@@ -33,17 +29,23 @@ bool is_macro_name(const a_symbol_header *header) {
 
 bool ud_literal_is_string;
 
+int length_of_universal_character(const char *text) {
+  if (*text != '\\' || (text[1] != 'u' && text[1] != 'U') || !universal_character_names_allowed)
+    return 0;
+  const char *end = text;
+  scan_universal_character(&end, true, false, false);
+  int length = static_cast<int>(end - text);
+  return length == (text[1] == 'U' ? 10 : 6) ? length : 0;
+}
+
 const char *end_of_ud_suffix(const char *start) {
   const char *p = start;
   int length;
   for (;;) {
     if (f_is_identifier_char(p, p == start, &length)) {
       p += length;
-    } else if (is_universal_character(p)) {
-      const char *end = p;
-      scan_universal_character(&end, true, p == start, false);
-      if (end - p != (p[1] == 'U' ? 10 : 6)) return p;
-      p = end;
+    } else if (const int escape = length_of_universal_character(p); escape != 0) {
+      p += escape;
     } else {
       return p;
     }

@@ -37,7 +37,7 @@ class a_lexical_test : public ::testing::Test {
  protected:
   // Another front end; the one before is dead.
   void start(const std::string &options) {
-    text_is_open_ = false;
+    close();
     start_front_end_with_options(options);
   }
   void TearDown() override { close(); }

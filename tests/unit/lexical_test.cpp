@@ -233,3 +233,29 @@ TEST_F(Lexical, FlushStopsAtTheInnermostStopTokens) {
   EXPECT_STREQ(locator_for_curr_id.header->name, "c");
   pop_stop_token_stack();
 }
+
+TEST_F(Lexical, NamesOfHeadersAndLineNumbers) {
+  exp_header_name = exp_system_header_name = true;
+  EXPECT_EQ(kinds_of("<a//b.h> \"c\\d.h\" <x"),
+            (kinds{tok_header_name, tok_header_name, tok_lt, tok_identifier}));
+  exp_header_name = exp_system_header_name = false;
+  exp_digit_sequence = true;
+  EXPECT_EQ(kinds_of("08u"), (kinds{tok_digit_sequence, tok_identifier}));
+  exp_digit_sequence = false;
+}
+
+namespace {
+class OtherToolChain : public a_lexical_test {
+ protected:
+  void SetUp() override {
+    start_front_end([] { pwa_standalone_iar = true; });
+  }
+};
+}  // namespace
+
+TEST_F(OtherToolChain, Words) {
+  EXPECT_EQ(
+      kinds_of("__data16 __data20 __memory_of __segment_begin __segment_end __segment_size @"),
+      (kinds{tok_data16, tok_data20, tok_memory_of, tok_segment_begin, tok_segment_end,
+             tok_segment_size, tok_at_sign}));
+}
