@@ -160,13 +160,17 @@ const char *last_token_of(const char *start, const char *end) {
   return last;
 }
 
+// What is longer is no piece of a number; it would be looked through at each of its pastes.
+constexpr std::ptrdiff_t longest_left_operand = 4096;
+
 // The length of the first token of a right operand, when more tokens touch it that the token made
 // by the paste would take in:  0x ## E+4  is 0xE, +, 4. Otherwise 0.
 std::size_t length_to_keep_apart(const a_substitution *s, const char *text, std::size_t length) {
   a_pp_text_kind kind;
   const char *end = end_of_pp_token(text, &kind, nullptr);
   std::size_t first = static_cast<std::size_t>(end - text);
-  if (first >= length || *end == '\0' || *end == ' ') return 0;
+  if (first >= length || *end == '\0' || *end == ' ' || *end == '(' || *end == ',') return 0;
+  if (s->out - s->operand_start > longest_left_operand) return 0;
   std::memcpy(s->out, text, length);
   s->out[length] = '\0';
   s->out[length + 1] = tm_end_of_modif;
