@@ -134,6 +134,11 @@ def signals():
     Run('--c', '-n', 'endless.c', limits={resource.RLIMIT_CPU: 1}).expect(2, REASONS[signal.SIGXCPU])
 
 
+def has_sanitizers():
+    """Their shadow memory does not go with a limit of address space."""
+    return Run('--toolversion', limits={resource.RLIMIT_AS: 1 << 30}).status != 0
+
+
 # ---- Limits ------------------------------------------------------------------------------------
 
 def limits():
@@ -158,7 +163,7 @@ def limits():
     run(8192, '--list=out.lst', '--i_output_file=out.if', 'listed.c').expect(
         4, 'error while writing raw listing file', TERMINATED, no='out.if')
     mib = 1 << 20
-    if Run('--toolversion', limits={resource.RLIMIT_AS: 1024 * mib}).status != 0:
+    if has_sanitizers():
         print('limits of memory: not in this build')
         return
     # Enough for a small program is enough: what is reserved for large ones gives way.
@@ -345,6 +350,7 @@ def sources_of(n, m):
 
 def sources(large):
     n, m = (100000, 1 << 20) if large else (10000, 100000)
+    longest, most = (40, 3000) if has_sanitizers() else (10, 1500)
     slowest = ('', 0.0)
     largest = ('', 0.0)
     Run.limits = {resource.RLIMIT_CPU: 60}
@@ -358,7 +364,7 @@ def sources(large):
             run = Run(*(('--c',) if '--c++' not in words else ()), *words, 'source.c')
             run.words = (name, *run.words)
             run.expect(expected, no='out.i' if run.status == 4 else ())
-            if run.cpu > 10 or run.megabytes > 1500 or 'internal' in run.messages.lower().replace('internal buffer', ''):
+            if run.cpu > longest or run.megabytes > most or 'internal' in run.messages.lower().replace('internal buffer', ''):
                 run.expect(f'an end in time, not {run.cpu:.1f} s with {run.megabytes:.0f} MB')
             slowest = max(slowest, (name, run.cpu), key=lambda entry: entry[1])
             largest = max(largest, (name, run.megabytes), key=lambda entry: entry[1])
