@@ -330,7 +330,7 @@ static bool append_physical_line() {
   curr_line_is_whole = false;
   copy_logical_line(out);
   curr_line_is_whole = true;
-  if (ignored_trigraph != nullptr) report_ignored_trigraph();
+  ignored_trigraph = nullptr;  // the text of a string
   return false;
 }
 
