@@ -316,12 +316,12 @@ const char *has_include_text(a_magic_macro magic, const a_source_position *pos,
 
 // ---- _Pragma -----------------------------------------------------------------------------------
 
-// The text of the string literal at curr_char_loc, without quotes and escapes, with the end of a
-// text behind it. Null when none stands there.
-char *scan_pragma_string() {
-  const char *start = curr_char_loc;
+// The text of the string literal at start, without quotes and escapes, with the end of a text
+// behind it; *behind is the end of the literal. Null when none stands there.
+char *pragma_string_at(const char *start, const char **behind) {
   a_pp_text_kind kind;
   const char *end = end_of_pp_token(start, &kind, nullptr);
+  *behind = end;
   if (kind != ptk_literal || end[-1] != '"') return nullptr;
   while (*start != '"')
     ++start;
@@ -332,8 +332,21 @@ char *scan_pragma_string() {
     *out++ = *p;
   }
   std::memcpy(out, "\0\2\0\1", 4);
-  curr_char_loc = end;
   return text;
+}
+
+// The operand is a macro, as far as it stands on this line behind its parenthesis.
+bool pragma_operand_is_macro() {
+  const char *p = curr_char_loc;
+  while (*p == ' ' || *p == '\t')
+    ++p;
+  if (*p++ != '(') return false;
+  while (*p == ' ' || *p == '\t')
+    ++p;
+  a_pp_text_kind kind;
+  const char *end = end_of_pp_token(p, &kind, nullptr);
+  return kind == ptk_identifier &&
+         find_macro_symbol(header_of_identifier(p, static_cast<std::size_t>(end - p))) != nullptr;
 }
 
 // Carries the pragma out. True: it is there for whoever reads the preprocessed text.
@@ -363,31 +376,57 @@ bool process_pragma_text(const char *text, const a_source_position *pos) {
   return passed_on;
 }
 
+// Obeys the pragma of the literal at start, and writes the operator anew for the preprocessed text.
+// False: no literal stands there.
+bool obey_pragma_literal(const char *start, const char **behind, const a_source_position *pos) {
+  char *text = pragma_string_at(start, behind);
+  if (text == nullptr) return false;
+  f_add_string_to_text_buffer(pragma_text, "_Pragma(");
+  add_to_text_buffer(pragma_text, start, static_cast<std::size_t>(*behind - start));
+  add_char_to_text_buffer(pragma_text, ')');
+  if (!process_pragma_text(text, pos)) reset_text_buffer(pragma_text);
+  release_macro_text_from(text);
+  return true;
+}
+
+// _Pragma ( macro ): the operand is expanded like the argument of a macro.
+void pragma_operator_of_macro(a_symbol *macro_symbol, const a_macro_def *def,
+                              const a_source_position *pos) {
+  bool failed;
+  a_macro_arg *args = scan_macro_args(macro_symbol, def, pos, &failed);
+  if (!failed) {
+    const char *start = args->expanded_is_raw ? args->raw.text : args->expanded.text;
+    while (*start == ' ' || (*start == '\0' && start[1] == tm_separator))
+      start += *start == ' ' ? 1 : 2;
+    const char *behind;
+    if (!obey_pragma_literal(start, &behind, pos)) pos_error(ec_exp_string_literal, pos);
+  }
+  free_macro_args(args);
+}
+
 // _Pragma ( string ): nothing of it is scanned again. In the preprocessed text it stays, so that to
 // compile that text is to compile the source.
-const char *pragma_operator_text(const a_source_position *pos, std::size_t *length) {
+const char *pragma_operator_text(a_symbol *macro_symbol, const a_macro_def *def,
+                                 const a_source_position *pos, std::size_t *length) {
   // Inside the arguments of a macro the operator waits until the result is scanned.
   if (macro_depth > 1 || in_macro_arg_list) return nullptr;
   reset_text_buffer(pragma_text);
-  if (skip_char('(', ec_exp_lparen)) {
+  if (pragma_operand_is_macro()) {
+    pragma_operator_of_macro(macro_symbol, def, pos);
+  } else if (skip_char('(', ec_exp_lparen)) {
     skip_white_space();
-    const char *literal = curr_char_loc;
-    char *text = scan_pragma_string();
-    if (text == nullptr) {
+    const char *behind;
+    if (!obey_pragma_literal(curr_char_loc, &behind, pos)) {
       report_here(ec_exp_string_literal);
       skip_to_rparen_in_text();
     } else {
-      f_add_string_to_text_buffer(pragma_text, "_Pragma(");
-      add_to_text_buffer(pragma_text, literal, static_cast<std::size_t>(curr_char_loc - literal));
-      add_char_to_text_buffer(pragma_text, ')');
-      if (!process_pragma_text(text, pos)) reset_text_buffer(pragma_text);
-      release_macro_text_from(text);
+      curr_char_loc = behind;
       if (!skip_char(')', ec_exp_rparen)) expect_syntax_error_after(0);
     }
-    if (!caching_tokens) process_immediate_pragmas();
   } else {
     expect_syntax_error_after(0);
   }
+  if (!caching_tokens) process_immediate_pragmas();
   *length = pragma_text->size_used;
   return pragma_text->buffer;
 }
@@ -414,7 +453,7 @@ const char *magic_macro_text(a_symbol *macro_symbol, const a_macro_def *def,
     case mm_defined:
       return defined_text(length);
     case mm_pragma_operator:
-      return pragma_operator_text(pos, length);
+      return pragma_operator_text(macro_symbol, def, pos, length);
     case mm_has_feature:
     case mm_has_extension:
     case mm_has_attribute:

@@ -180,10 +180,11 @@ static void enter_magic_macro(const char *name, a_magic_macro magic) {
   a_macro_def *def = macro_def_of(new_macro_symbol(header, &pos));
   def->flags = mf_object_like | mf_predefined | mf_not_for_listing;
   def->magic = magic;
-  if (magic < mm_has_feature || magic > mm_has_cpp_attribute) return;
-  static a_macro_param question_param = {nullptr, "name", 4, true, true};
+  if ((magic < mm_has_feature || magic > mm_has_cpp_attribute) && magic != mm_pragma_operator)
+    return;
+  static a_macro_param operand = {nullptr, "operand", 7, true, true};
   def->num_params = 1;
-  def->params = &question_param;
+  def->params = &operand;
 }
 
 void enter_magic_macros() {

@@ -14,3 +14,5 @@ TEXT
 #define DO_PRAGMA(x) _Pragma(#x) x
 DO_PRAGMA(pack(2)) int b;
 #pragma STDC FP_CONTRACT ON
+#define STRING(x) #x
+_Pragma(STRING(pack(3))) int c;
