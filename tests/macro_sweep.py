@@ -87,9 +87,15 @@ class MacroProgram:
     def text(self):
         lines = [self.definition(name) for name in self.arity]
         for _ in range(self.random.randint(1, 6)):
-            line = ' '.join(self.piece([]) for _ in range(self.random.randint(1, 6)))
-            lines.append(line.replace(' ', '\n', 2) if self.random.random() < 0.2 else line)
-        return '\n'.join(lines) + '\n;\n'
+            lines.append(' '.join(self.piece([]) for _ in range(self.random.randint(1, 6))))
+        return '\n'.join(self.spread(line) for line in lines) + '\n;\n'
+
+    def spread(self, line):
+        """The line with comments, splices and, where it is no definition, line ends for some blanks."""
+        gaps = [' ', ' ', ' ', '/* c */', ' \\\n', '/* a\n b */']
+        gaps += ['\n', '\n\n#if 0\n(\n#endif\n'] if not line.startswith('#') else []
+        head, *rest = line.split(' ') if not line.startswith('#') else [' '.join(line.split(' ')[:3]), *line.split(' ')[3:]]
+        return head + ''.join(self.random.choice(gaps) + word for word in rest)
 
 
 def condition(rng, depth=0):
