@@ -485,9 +485,10 @@ a_token_kind get_token_from_text() {
     forgive_syntax_error_at(&pos_curr_token);
   if (curr_text_modif != nullptr && curr_text_modif->concatenations != nullptr) [[unlikely]]
     check_concatenations_at_token();
-  if ((kind == tok_string_literal || (kind == tok_ud_literal && ud_literal_is_string)) &&
-      do_string_literal_concatenation && !fetch_pp_tokens)
-    return concat_adjacent_string_literals(false);
+  if (kind == tok_string_literal && !fetch_pp_tokens) {
+    if (do_string_literal_concatenation) return concat_adjacent_string_literals(false);
+    if (ud_literal_is_string) return curr_token = tok_ud_literal;
+  }
   return kind;
 }
 

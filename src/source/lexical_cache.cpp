@@ -225,14 +225,8 @@ void update_initial_get_token_tests() {
                                        curr_token_pragmas != nullptr;
 }
 
-void free_cached_token(a_cached_token *token) {
+static void free_rare_payload(a_cached_token *token) {
   switch (token->data_kind) {
-    case ctd_locator:
-      give_pooled(&avail_locators, token->data.locator);
-      break;
-    case ctd_constant:
-      give_pooled(&avail_constants, token->data.constant);
-      break;
     case ctd_ud_literal:
       give_pooled(&avail_ud_literals, token->data.ud_literal);
       break;
@@ -242,11 +236,18 @@ void free_cached_token(a_cached_token *token) {
     case ctd_pp_token:
       free_general(const_cast<char *>(token->data.text.start), size_of_text(token) + 1);
       break;
-    case ctd_asm_string:
-    case ctd_none:
-    case ctd_stop:
+    default:
       break;
   }
+}
+
+void free_cached_token(a_cached_token *token) {
+  if (token->data_kind == ctd_locator)
+    give_pooled(&avail_locators, token->data.locator);
+  else if (token->data_kind == ctd_constant)
+    give_pooled(&avail_constants, token->data.constant);
+  else if (token->data_kind != ctd_none)
+    free_rare_payload(token);
   token->next = avail_cached_tokens;
   avail_cached_tokens = token;
 }

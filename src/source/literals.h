@@ -12,6 +12,7 @@
 #include <cstdint>
 
 #include "DIAG/error_codes.h"
+#include "driver/switches.h"
 #include "il/il_fwd.h"
 #include "source/lexical.h"
 
@@ -52,7 +53,10 @@ void conv_string_literal(const char *start, const char *end, int prefix, std::si
 
 // The end of the user-defined suffix behind a closing quote, where such literals exist; the name of
 // a macro may be none.
-const char *end_of_suffix_behind_quote(const char *quote_end);
+const char *f_end_of_suffix_behind_quote(const char *quote_end);
+inline const char *end_of_suffix_behind_quote(const char *quote_end) {
+  return user_defined_literals_enabled ? f_end_of_suffix_behind_quote(quote_end) : quote_end;
+}
 // The user-defined literal scanned last is a string, which joins with those that follow.
 extern bool ud_literal_is_string;
 // Joins the string literal in the current token with those that follow. from_function_name: the

@@ -193,9 +193,7 @@ const char *end_of_pp_number(const char *p) {
     } else if (*p == '\'' && digit_separators_enabled && in_cplusplus() &&
                is_id_char[static_cast<int>(p[1])]) {
     } else if (*p < 0 && f_is_identifier_char(p, false, &length)) {
-    } else if (const int escape = length_of_universal_character(p); escape != 0) {
-      length = escape;
-    } else {
+    } else if (*p != '\\' || (length = length_of_universal_character(p)) == 0) {
       return p;
     }
     p += length;

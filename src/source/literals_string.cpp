@@ -208,7 +208,7 @@ a_token_kind scan_string(const char *start, int prefix) {
   if (!ended_early) end = end_of_suffix_behind_quote(end);
   set_curr_token_text(start, end);
   string_prefix_of_curr_token = prefix;
-  macro_follows_curr_string = false;
+  macro_follows_curr_string = ud_literal_is_string = false;
   if (ended_early) {
     error_at(is_raw ? ec_missing_raw_string_delimiter : ec_unclosed_string, start);
     expect_syntax_error_after(1);
@@ -232,7 +232,7 @@ a_token_kind scan_string(const char *start, int prefix) {
   string_prefix_of_curr_token |= ep_ud;
   make_ud_literal(suffix, end);
   ud_literal_is_string = true;
-  return tok_ud_literal;
+  return tok_string_literal;  // get_token knows what it is, once it is joined with others
 }
 
 a_token_kind scan_prefixed_literal(const char *start, int prefix) {

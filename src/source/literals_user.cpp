@@ -53,8 +53,7 @@ const char *end_of_ud_suffix(const char *start) {
 }
 
 // PRIu32 directly behind a string is a macro where macros go before suffixes.
-const char *end_of_suffix_behind_quote(const char *quote_end) {
-  if (!user_defined_literals_enabled) return quote_end;
+const char *f_end_of_suffix_behind_quote(const char *quote_end) {
   const char *end = end_of_ud_suffix(quote_end);
   if (end == quote_end || !macro_preempts_udl_suffix) return end;
   return is_macro_name(header_of_suffix(quote_end, end)) ? quote_end : end;
