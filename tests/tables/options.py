@@ -10,17 +10,7 @@ import os
 import re
 import sys
 
-
-def text_of(path):
-    with open(path, encoding='latin-1') as stream:
-        return stream.read()
-
-
-def files(root, folder, ends):
-    for directory, _, names in sorted(os.walk(os.path.join(root, folder))):
-        for name in sorted(names):
-            if name.endswith(ends):
-                yield os.path.join(directory, name)
+from exceptions import files, judge, text_of
 
 
 def option_names(root):
@@ -51,21 +41,9 @@ def main():
     letters = {c for w in met if re.match(r'-[^-]', w) for c in (w[1:] if w[1] not in 'IDUeLX@t' else w[1])}
     unmet = [f'--{name}' for name, _ in names if name not in long_met]
     unmet += [f'-{letter}' for _, letter in names if letter and letter not in letters]
-    listed, problems = {}, []
-    for line in text_of(os.path.join(root, 'tests/tables/options_without_case.txt')).split('\n'):
-        found = re.match(r'(-\S+): (\S.*)', line)
-        if found:
-            listed[found[1]] = found[2]
-        elif line:
-            problems.append(f'no reason: {line}')
-    problems += [f'{what} is met by no case' for what in unmet if what not in listed]
-    problems += [f'{what} is an exception, but a case meets it or it is not known' for what in listed if what not in unmet]
-    for problem in problems:
-        print(problem)
     total = len(names) + sum(1 for _, letter in names if letter)
-    print(f'{total} names and letters of options, {total - len(unmet)} met by cases, {len(listed)} exceptions')
-    return 1 if problems or len(names) < 300 else 0
+    judge(root, 'options_without_case.txt', unmet, 'names and letters of options', total, 300)
 
 
 if __name__ == '__main__':
-    sys.exit(main())
+    main()
