@@ -35,7 +35,9 @@ class Project:
         shutil.rmtree(self.folder, ignore_errors=True)
         shutil.copytree(os.path.join(HERE, 'project'), self.folder)
         self.log = os.path.join(self.folder, 'log')
-        self.environment = {**os.environ, 'QXPARSE': qxparse, 'QXCC_LOG': self.log}
+        # the caller's own settings of the cache stay outside
+        outside = {k: v for k, v in os.environ.items() if not k.startswith('CCACHE_')}
+        self.environment = {**outside, 'QXPARSE': qxparse, 'QXCC_LOG': self.log}
 
     def build(self, command, **environment):
         """The sources that the build compiled."""

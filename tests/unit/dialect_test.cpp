@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <deque>
 #include <map>
 #include <set>
 #include <sstream>
@@ -320,22 +319,8 @@ std::map<std::string, int> values() {
 
 // The switches behind a command line; the program is left as it was before.
 std::map<std::string, int> values_with(const std::string &options) {
-  static std::deque<std::vector<std::string>> kept;  // the options point into their words
-  std::vector<std::string> &words = kept.emplace_back();
-  words = {"qxparse"};
-  std::istringstream text(options);
-  for (std::string word; text >> word;)
-    words.push_back(word);
-  words.push_back("none.c");
-  std::vector<char *> arguments;
-  for (std::string &word : words)
-    arguments.push_back(word.data());
-  arguments.push_back(nullptr);
-  fe_early_init();
-  proc_command_line(static_cast<int>(words.size()), arguments.data());
+  start_front_end_with_options(options);
   std::map<std::string, int> result = values();
-  fe_one_time_init();
-  begin_translation_unit("none.c", 1, nullptr);
   end_front_end();
   return result;
 }

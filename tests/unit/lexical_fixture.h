@@ -17,22 +17,6 @@
 
 using kinds = std::vector<a_token_kind>;
 
-// A front end as the command line sets it.
-inline void start_front_end_with_options(const std::string &options) {
-  fe_early_init();
-  std::vector<std::string> words = {"qxparse"};
-  std::istringstream stream(options + " none.c");
-  for (std::string word; stream >> word;)
-    words.push_back(word);
-  std::vector<char *> arguments;
-  for (std::string &word : words)
-    arguments.push_back(word.data());
-  arguments.push_back(nullptr);
-  proc_command_line(static_cast<int>(words.size()), arguments.data());
-  fe_one_time_init();
-  begin_translation_unit("none.c", 1, nullptr);
-}
-
 class a_lexical_test : public ::testing::Test {
  protected:
   // Another front end; the one before is dead.
