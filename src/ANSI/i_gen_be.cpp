@@ -109,8 +109,8 @@ void translate_types(a_scope *scope) {
 void write_unit() {
   a_scope *scope = il_header.primary_scope;
   write_command_line();
-  for (OPTION_SET *set : icode_optlist)
-    i_file->if_enter_option_set(*set);
+  for (const OPTION_SET &set : icode_optlist)
+    i_file->if_enter_option_set(set);
   write_file_level_override();
   write_scope_pragmas(scope);
   collect_pragmas(scope);

@@ -21,7 +21,7 @@
 #include "target/misra.h"
 
 const char **shell_opts = nullptr;
-std::vector<OPTION_SET *> icode_optlist;
+std::vector<OPTION_SET> icode_optlist;
 
 bool option_seen[num_option_ids];
 const char *curr_option_argument = nullptr;

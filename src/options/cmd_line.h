@@ -37,8 +37,8 @@ class OPTION_STATE {
 
 // ---- Fixed after the command line --------------------------------------------------------------
 
-extern const char **shell_opts;                  // of the shell, null-terminated; null: none
-extern std::vector<OPTION_SET *> icode_optlist;  // the base set first
+extern const char **shell_opts;                // of the shell, null-terminated; null: none
+extern std::vector<OPTION_SET> icode_optlist;  // the base set first
 
 // ---- Routines ----------------------------------------------------------------------------------
 

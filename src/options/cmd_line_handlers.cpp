@@ -399,8 +399,8 @@ void option_opt_cg(int) {
 }
 void option_embed_opts(int) {
   icode_optlist.clear();
-  OPTION_SET *set = new OPTION_SET;
-  set->texts = counted_words(curr_option_argument);
+  OPTION_SET set;
+  set.texts = counted_words(curr_option_argument);
   icode_optlist.push_back(set);
 }
 void option_override_opts(int) {
@@ -408,11 +408,11 @@ void option_override_opts(int) {
   std::string name = curr_option_argument;
   const char *count = next_word();
   if (count == nullptr) command_line_error(ec_cl_missing_override_args);
-  OPTION_SET *set = new OPTION_SET;
-  set->id = static_cast<std::uint32_t>(icode_optlist.size());
-  set->texts = counted_words(count);
+  OPTION_SET set;
+  set.id = static_cast<std::uint32_t>(icode_optlist.size());
+  set.texts = counted_words(count);
   icode_optlist.push_back(set);
-  lookup_opt_override(name, true)->option_set_id = set->id;
+  lookup_opt_override(name, true)->option_set_id = set.id;
 }
 void option_db_typerw(int) {
   tp_print_debug++;

@@ -56,15 +56,15 @@ an_option_verdict add_function_options(const char *name, const a_source_position
     word.clear();
     if (*p == '\0') break;
   }
-  OPTION_SET *set = new OPTION_SET;
+  OPTION_SET set;
   an_opt_override *old = get_opt_override(name, position);
-  for (const OPTION_SET *other : icode_optlist)
-    if (old != nullptr && old->option_set_id != 0 && other->id == old->option_set_id)
-      set->texts = other->texts;
+  for (const OPTION_SET &other : icode_optlist)
+    if (old != nullptr && old->option_set_id != 0 && other.id == old->option_set_id)
+      set.texts = other.texts;
   for (const std::string &each : added.words())
-    set->texts.push_back(copy_string_to_region(0, each.data(), each.size()));
-  set->id = icode_optlist.back()->id + 1;
+    set.texts.push_back(copy_string_to_region(0, each.data(), each.size()));
+  set.id = icode_optlist.back().id + 1;
   icode_optlist.push_back(set);
-  lookup_opt_override(name, true)->option_set_id = set->id;
+  lookup_opt_override(name, true)->option_set_id = set.id;
   return ov_accepted;
 }

@@ -217,6 +217,7 @@ void expand_arg(a_macro_arg *arg, const a_source_position *pos) {
   enter_text_modif(&text);
   length_of_args_in_process += arg->raw.length;
   expand_text_of_arg(arg);
+  end_text(&arg->expanded);
   length_of_args_in_process -= arg->raw.length;
   free_modif_children(&text);
   curr_text_modif = saved_modif;

@@ -86,6 +86,7 @@ bool is_in_own_expansion(const a_symbol *macro_symbol);
 const char *magic_macro_text(a_symbol *macro_symbol, const a_macro_def *def,
                              const a_source_position *pos, std::size_t *length);
 
+void init_macro_listing();  // what was listed lies in memory of the run before
 // Notes for the listing that the macro was defined or undefined at a position.
 void note_macro_definition(a_symbol *macro_symbol, const a_source_position *pos);
 void note_macro_undefinition(a_symbol *macro_symbol, const a_source_position *pos);

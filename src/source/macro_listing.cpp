@@ -104,6 +104,10 @@ const char *form_macro_definition(const a_symbol_header *header, const a_macro_d
   return text_of_buffer(form_buffer);
 }
 
+void init_macro_listing() {
+  listed_macros = last_listed_macro = nullptr;
+}
+
 void note_macro_definition(a_symbol *macro_symbol, const a_source_position *pos) {
   if (!list_macros) return;
   list_macro(form_macro_definition(macro_symbol->header, macro_def_of(macro_symbol)), pos);

@@ -416,6 +416,7 @@ void macro_one_time_init() {
 
 void macro_trans_unit_init() {
   init_magic_macros();
+  init_macro_listing();
   macro_depth = num_macro_invocations_in_process = 0;
   in_macro_arg_list = false;
   saved_macros = nullptr;

@@ -425,4 +425,6 @@ void preproc_trans_unit_init() {
   pp_output_trans_unit_init();
 }
 
-void preproc_init() {}
+void preproc_init() {
+  forget_include_searches();
+}

@@ -54,6 +54,8 @@ struct a_known_directory {
 };
 a_known_directory *known_directories[num_search_buckets];
 
+bool anything_is_remembered;
+
 std::uint64_t hash_of_text(std::uint64_t hash, const char *text, std::size_t length) {
   for (std::size_t i = 0; i != length; ++i)
     hash = (hash ^ static_cast<unsigned char>(text[i])) * 1099511628211u;
@@ -80,6 +82,7 @@ an_include_file_history *history_of_image(const a_file_image *image, const char 
   entry->history.name = name;
   entry->next = *bucket;
   *bucket = entry;
+  anything_is_remembered = true;
   return &entry->history;
 }
 
@@ -102,6 +105,7 @@ bool directory_exists(const char *name, std::size_t length) {
   const char *copy = copy_string_to_region(0, name, length);
   *known = {*bucket, copy, length, is_directory(copy)};
   *bucket = known;
+  anything_is_remembered = true;
   return known->exists;
 }
 
@@ -199,6 +203,7 @@ bool find_on_search_path(const an_include_request *request, a_search *search) {
     a_search_result **bucket = &search_results[bucket_of_hash(search->hash)];
     search->result->next = *bucket;
     *bucket = search->result;
+    anything_is_remembered = true;
     return true;
   }
   return false;
@@ -212,6 +217,14 @@ bool find_file(const an_include_request *request, a_search *search) {
 }
 
 }  // namespace
+
+void forget_include_searches() {
+  if (!anything_is_remembered) return;
+  std::memset(search_results, 0, sizeof search_results);
+  std::memset(histories, 0, sizeof histories);
+  std::memset(known_directories, 0, sizeof known_directories);
+  anything_is_remembered = false;
+}
 
 an_include_file_history *find_include_history(const char *name, bool create, bool) {
   an_open_file_result result;

@@ -73,6 +73,7 @@ void end_directive_tokens(a_directive_token_scan *scan);
 // An identifier at curr_char_loc: its header; null when none stands there.
 a_symbol_header *scan_directive_identifier(a_source_position *pos);
 
+void forget_include_searches();  // what was found lies in memory of the run before
 void report_misra(an_error_code code, const a_source_position *pos);  // when the rules are on
 
 // ---- Conditionals, in preproc_conditional.cpp and preproc_skip.cpp -----------------------------
