@@ -231,6 +231,7 @@ def files():
     # An output behind a symbolic link: the file goes, not the link.
     write('late.c', ''.join(FUNCTION.format(i) for i in range(300)))
     Run('--c', '--i_output_file=link.if', 'late.c', limits={resource.RLIMIT_FSIZE: 8192}).expect(4, no='linked.if')
+    remove('link.if')
     write('bad.c', 'int f(void) { return y; }\n')
     write('stop.c', '#error stop\n')
     for source in ('bad.c', 'stop.c'):

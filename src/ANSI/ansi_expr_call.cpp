@@ -109,19 +109,26 @@ void generate_intrinsic(an_expr_node *expr, a_routine *routine) {
     generate_argument(argument);
 }
 
+bool call_stays_intrinsic(an_expr_node *call) {
+  a_scope *scope = current_routine != nullptr ? scope_for_routine(current_routine) : nullptr;
+  return target->ok_to_dump_as_builtin(call, scope);
+}
+
 }  // namespace
 
 void generate_call(an_expr_node *expr) {
   an_expr_node *callee = first_operand(expr);
   a_routine *routine = direct_callee(callee);
+  if (routine != nullptr) check_constrange(expr);
   if (routine != nullptr && !routine->defined) {
-    if (is_qx_builtin_function(routine)) {
-      check_constrange(expr);
+    bool is_intrinsic = is_qx_builtin_function(routine);
+    // One that the code state does not have is a call of a function with its name.
+    if (is_intrinsic && call_stays_intrinsic(expr)) {
       generate_intrinsic(expr, routine);
       return;
     }
     // What lowering has not made plain code of has no form in the file.
-    if (is_gnu_builtin_function(routine)) {
+    if (!is_intrinsic && is_gnu_builtin_function(routine)) {
       pos_st_error(ec_gcc_builtin_not_supported, &expr->position, routine->name);
       return;
     }

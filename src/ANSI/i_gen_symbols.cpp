@@ -10,6 +10,7 @@
 #include "options/cmd_line.h"
 #include "semantics/target.h"
 #include "semantics/types.h"
+#include "target/arm_util.h"
 
 namespace {
 
@@ -78,16 +79,23 @@ void add_override(SYMTAB *symbol, const a_source_correspondence *entity) {
               override->cg_options != nullptr ? override->cg_options : ""});
 }
 
-// An interrupt routine returns nothing and takes nothing.
+// An interrupt routine returns nothing and takes nothing; a software interrupt may do both.
 void check_interrupt_routine(SYMTAB *symbol, a_routine *routine) {
   if ((routine->decl_modifiers & dm_interrupt) == 0 && !routine->is_interrupt) return;
-  a_type *type = f_skip_typerefs(routine->type);
-  if (!is_void_type(type->return_type))
-    sym_diagnostic(es_error, ec_pragma_interrupt_requires_void, routine->symbol);
-  else if (type->routine_supplement->param_types != nullptr)
-    sym_diagnostic(es_error, ec_pragma_interrupt_has_params, routine->symbol);
-  else
+  if (is_software_interrupt(routine)) {
     symbol->cqual |= 0x20;
+    return;
+  }
+  a_type *type = f_skip_typerefs(routine->type);
+  if (!is_void_type(type->return_type)) {
+    sym_diagnostic(es_error, ec_pragma_interrupt_requires_void, routine->symbol);
+  } else if (type->routine_supplement->param_types != nullptr) {
+    pos_st_error(ec_pragma_interrupt_has_params, &routine->decl_position, routine->name);
+  } else {
+    symbol->cqual |= 0x20;
+    return;
+  }
+  routine->decl_modifiers &= ~dm_interrupt;
 }
 
 bool is_comdat_routine(const a_routine *routine) {
@@ -257,6 +265,7 @@ SYMTAB *symbol_of_routine(a_routine *routine) {
   symbol->cqual = modifier_bits(routine->decl_modifiers);
   if (routine->is_inline) symbol->cqual |= routine->defined ? 4 : 12;
   check_interrupt_routine(symbol, routine);
+  TRG_func_transform(routine, symbol);
   add_routine_pragmas(symbol, routine);
   symbol->retention = retention_of_routine(routine, symbol);
   return symbol;

@@ -86,8 +86,6 @@ void process_alias_fixup_list();  // at the end of the unit
 void record_asm_name_for_lookup(a_symbol *symbol);
 // #pragma redefine_extname old new
 void redefine_extname_pragma(a_pending_pragma *pragma);
-// The new external name of a name that is being declared; null: none was given.
-const char *redefined_extname(const char *name);
 
 // ---- Phases ------------------------------------------------------------------------------------
 

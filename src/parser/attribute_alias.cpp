@@ -236,9 +236,3 @@ void redefine_extname_pragma(a_pending_pragma *pragma) {
   pragma->text = text;
   create_il_entry_for_pragma(pragma, nullptr, nullptr);
 }
-
-const char *redefined_extname(const char *name) {
-  for (const a_redefined_name *entry = redefined_names; entry != nullptr; entry = entry->next)
-    if (std::strcmp(entry->old_name->name, name) == 0) return entry->new_name;
-  return nullptr;
-}

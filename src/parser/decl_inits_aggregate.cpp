@@ -321,7 +321,8 @@ bool scan_field_designator(a_class_walk &walk, bool *old_form, bool *inside) {
   *inside = outer != field;
   if (!*inside && at_period) get_token();
   if (field == nullptr) {
-    pos_st_error(ec_not_a_field, &position, locator.header->name);
+    pos_stsy_error(ec_not_a_field, &position, locator.header->name,
+                   skip_typerefs(walk.type)->symbol);
     get_token();
     return false;
   }

@@ -232,6 +232,7 @@ a_symbol *decl_routine(a_symbol_locator *locator, a_decl_parse_state *state,
     symbol = declare_new_routine(decl);
   if (symbol == nullptr) symbol = make_error_routine(decl);
   state->symbol = symbol;
+  symbol->variant.routine->decl_modifiers |= state->decl_modifiers;
   apply_asm_name(decl, symbol->variant.routine);
   if (state->asm_name != nullptr) record_asm_name_for_lookup(symbol);
   if (is_definition) apply_routine_block_section_specification(symbol->variant.routine);

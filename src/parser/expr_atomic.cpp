@@ -80,6 +80,7 @@ class an_atomic_call {
     an_expr_node *call = make_operator_node(eok_call, type, callee_);
     call->position = *position;
     make_expression_operand(call, result);
+    result->start_pos = *position;
     result->not_constant = result->not_integral_constant = true;
     if (is_object_value(type)) cast_operand(object, result, true);
   }

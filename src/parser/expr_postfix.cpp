@@ -121,7 +121,8 @@ void scan_member_name(an_operand *object, bool by_pointer, an_operand *result) {
   if (symbol != nullptr && symbol->variant.field->is_deprecated && expr_error_should_be_issued())
     check_use_of_deprecated_entity(symbol->variant.field, &position);
   if (class_type != nullptr && symbol == nullptr) {
-    expr_pos_st_error(ec_not_a_field, &position, locator.header->name);
+    if (expr_error_should_be_issued())
+      pos_stsy_error(ec_not_a_field, &position, locator.header->name, class_type->symbol);
     conv_to_error_operand(object);
   }
   if (symbol == nullptr || symbol->variant.field->has_error_type)

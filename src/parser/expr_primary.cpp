@@ -18,6 +18,7 @@
 #include "semantics/sys_predef.h"
 #include "semantics/target.h"
 #include "semantics/types.h"
+#include "target/arm_util.h"
 
 namespace {
 
@@ -91,7 +92,8 @@ a_symbol *symbol_of_undeclared_name(a_symbol_locator *locator) {
   bool strict_error = std_version >= 199901 && strict_ansi_mode;
   if (!in_cplusplus() && !strict_error && next_token() == tok_lparen) {
     a_source_position position = locator->position;
-    if (expr_diagnostic_should_be_issued(es_remark, ec_implicit_func_decl, &position))
+    if (expr_diagnostic_should_be_issued(es_remark, ec_implicit_func_decl, &position) &&
+        TRG_func_check_ok(name, &position))
       pos_st_diagnostic(std_version >= 199901 ? es_warning : es_remark, ec_implicit_func_decl,
                         &position, name);
     return declare_implicit_function(locator);

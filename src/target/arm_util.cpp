@@ -80,6 +80,11 @@ int code_state_of_scope(a_scope *scope) {
   return code_state_of_routine(scope->assoc.routine);
 }
 
+bool is_software_interrupt(a_routine *routine) {
+  const a_pragma *pragma = find_routine_pragma(routine, prk_INTERRUPT);
+  return pragma != nullptr && pragma->text != nullptr && std::strcmp(pragma->text, "SWI") == 0;
+}
+
 bool TRG_func_check_ok(const char *name, const a_source_position *position) {
   for (const a_deprecated_intrinsic &row : deprecated_intrinsics) {
     if (std::strcmp(row.name, name) != 0) continue;

@@ -290,7 +290,7 @@ bool check_interrupt_type(const a_pending_pragma *pending, a_symbol *symbol,
     return false;
   }
   if (type->routine_supplement->param_types != nullptr) {
-    pos_sy_error(ec_pragma_interrupt_has_params, &pending->name_position, symbol);
+    pos_st_error(ec_pragma_interrupt_has_params, &pending->name_position, symbol->header->name);
     return false;
   }
   return true;

@@ -18,3 +18,6 @@ _Alignas(2) int less;
 register _Alignas(16) int r;
 //                        ^
 // expect: error #151 a storage class of this kind is not allowed at file scope
+struct _Alignas(8) aligned_tag { int a; };
+//     ^
+// expect: error #1174 attribute "_Alignas" is not allowed here

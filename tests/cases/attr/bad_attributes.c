@@ -109,3 +109,26 @@ int bad_nonnull(int p) __attribute__((nonnull(1)));
 //                                    ^
 // expect: warning #1173 unknown attribute "nonnull"
 int call(void) { return nonnull(0); }
+struct cannot_pack {
+  double array[3] __attribute__((packed));
+//                               ^
+// expect: error #1168 invalid attribute for field "array"
+  struct { long long inner; } nested __attribute__((packed));
+//                                                  ^
+// expect: error #1168 invalid attribute for field "nested"
+  char small __attribute__((packed));
+};
+struct __attribute__((packed)) wide_field { char a; long long b : 60; };
+//                                                            ^
+// expect: error #1168 invalid attribute for field "b"
+int real(float x __attribute__((constrange(1, 2))));
+//                              ^
+// expect: warning #1167 invalid attribute for "float"
+int in_labels(int n) {
+  switch (n) {
+    case 1: __attribute__((unused)) n++;
+//                         ^
+// expect: warning #2116 attributes are not allowed here
+  }
+  return n;
+}

@@ -37,7 +37,7 @@ struct point wrong6 = {[0] = 1};
 // expect: error #1099 invalid designator kind
 struct point wrong7 = {.z = 1};
 //                     ^
-// expect: error #137 "z" is not a field of the class or union
+// expect: error #137 struct "point" has no field "z"
 struct point wrong8 = {.y = 1, 2};
 //                             ^
 // expect: warning #1238 excess initializers are ignored
@@ -62,7 +62,7 @@ int wrong14[3] = {[index] = 1};
 // expect: error #28 expression must have a constant value
 struct line wrong15 = {.from.z = 1};
 //                          ^
-// expect: error #137 "z" is not a field of the class or union
+// expect: error #137 struct "point" has no field "z"
 struct line wrong16 = {.weight[3] = 1};
 //                             ^
 // expect: error #177 subscript out of range

@@ -64,7 +64,7 @@ int a9[2] = {.x = 1};
 // expect: error #1099 invalid designator kind
 struct s { int x, y; } s1 = {.z = 1};
 //                           ^
-// expect: error #137 "z" is not a field of the class or union
+// expect: error #137 struct "s" has no field "z"
 struct s s2 = {1, 2, 3};
 //                   ^
 // expect: error #147 too many initializer values

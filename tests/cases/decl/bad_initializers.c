@@ -17,7 +17,7 @@ struct s {
   int x, y;
 } g = {.z = 1};
 //     ^
-// expect: error #137 "z" is not a field
+// expect: error #137 struct "s" has no field "z"
 struct s h = 1;
 //           ^
 // expect: error #145 a value of type "int" cannot be used to initialize

@@ -174,6 +174,6 @@ int inner(void) {
 // expect: error #71 incomplete type is not allowed
   va.x = 1;
 //   ^
-// expect: error #137 "x" is not a field of the class or union
+// expect: error #137 struct "a" has no field "x"
   return sizeof(struct a) + c1;
 }

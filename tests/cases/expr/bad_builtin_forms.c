@@ -8,7 +8,7 @@ int offsets[] = {
 // expect: error #1699 cannot take the offset of a bit-field
   __builtin_offsetof(struct s, none),
 //                             ^
-// expect: error #137 "none" is not a field of the class or union
+// expect: error #137 struct "s" has no field "none"
   __builtin_offsetof(int, a),
 //                   ^
 // expect: error #156 expression must have struct or union type

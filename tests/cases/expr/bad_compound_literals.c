@@ -41,7 +41,7 @@ int f(int n) {
 // expect: warning #1238 excess initializers are ignored
   s = (struct S){.c = 1};
 //               ^
-// expect: error #137 "c" is not a field of the class or union
+// expect: error #137 struct "S" has no field "c"
   s = (struct Open){1};
 //    ^
 // expect: error #71 incomplete type is not allowed

@@ -84,5 +84,5 @@ void bad(int m) {
   i = _Generic(i++, int: 1);
   i = _Generic(1, int: 1, default: s.missing);
 //                                   ^
-// expect: error #137 "missing" is not a field of the class or union
+// expect: error #137 struct "S" has no field "missing"
 }

@@ -47,7 +47,7 @@ void f(void) {
 // expect: error #45 expression must have pointer type
   i = v.c;
 //      ^
-// expect: error #137 "c" is not a field of the class or union
+// expect: error #137 struct "s" has no field "c"
   i = i.a;
 //    ^
 // expect: error #156 expression must have struct or union type

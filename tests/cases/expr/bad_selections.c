@@ -34,7 +34,7 @@ void select(void) {
 // expect: error #71 incomplete type is not allowed
   i = u.a;
 //      ^
-// expect: error #137 "a" is not a field of the class or union
+// expect: error #137 union "U" has no field "a"
   i = u.i.x;
 //    ^
 // expect: error #156 expression must have struct or union type
@@ -49,10 +49,10 @@ void select(void) {
 // expect: error #156 expression must have struct or union type
   i = s.S;
 //      ^
-// expect: error #137 "S" is not a field of the class or union
+// expect: error #137 struct "S" has no field "S"
   i = s.E0;
 //      ^
-// expect: error #137 "E0" is not a field of the class or union
+// expect: error #137 struct "S" has no field "E0"
   i = s.next.a;
 //    ^
 // expect: error #156 expression must have struct or union type
@@ -61,7 +61,7 @@ void select(void) {
 // expect: error #133 expression must have pointer-to-struct-or-union type
   i = s.missing.further.further;
 //      ^
-// expect: error #137 "missing" is not a field of the class or union
+// expect: error #137 struct "S" has no field "missing"
   i = s.;
 //      ^
 // expect: error #135 expected a field name

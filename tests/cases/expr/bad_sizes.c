@@ -71,7 +71,7 @@ size y[] = {
   offsetof(struct S, bits),
 // expect: error #1699 cannot take the offset of a bit-field
   offsetof(struct S, missing),
-// expect: error #137 "missing" is not a field of the class or union
+// expect: error #137 struct "S" has no field "missing"
   offsetof(struct Open, a),
 // expect: error #71 incomplete type is not allowed
   offsetof(int, a),

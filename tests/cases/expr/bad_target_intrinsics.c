@@ -4,9 +4,9 @@ void f(int n, int *p) {
 //                 ^
 // expect: remark #880 variable "p" was never referenced
   __low_power_mode_0();
-// expect: warning #225 function "__low_power_mode_0" declared implicitly
+// expect: warning #2608 Using unsupported QPM100 intrinsic __low_power_mode_0.  Recommended replacement is __wfi().
   __swap_bytes(n);
-// expect: warning #225 function "__swap_bytes" declared implicitly
+// expect: warning #2608 Using unsupported QPM100 intrinsic __swap_bytes.  Possible replacement is __REV16().
   _symval(n);
 //        ^
 // expect: warning #169 argument of type "int" is incompatible with parameter of type "const void *"

@@ -4,5 +4,5 @@
 void good(void) {}
 #pragma INTERRUPT(gives)
 //      ^
-// expect: error #832 an interrupt function must return void
+// expect: error #832 interrupt declarations can only be applied to file scope functions returning void
 int gives(void) { return 1; }

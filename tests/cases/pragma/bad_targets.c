@@ -22,7 +22,7 @@ void f1(void) {}
 void f2(void) {}
 #pragma INTERRUPT(f3)
 //      ^
-// expect: error #833 an interrupt function cannot have parameters
+// expect: error #833 no parameters allowed for interrupt functions such as 'f3'
 void f3(int a) {}
 //          ^
 // expect: remark #880 variable "a" was never referenced
@@ -62,3 +62,7 @@ int sec;
 int f7(void);
 _Pragma("hdrstop")
 // expect: error #1288 this pragma cannot be used in a _Pragma operator (a #pragma directive must be used)
+#pragma RETAIN(type_name)
+//      ^
+// expect: warning #1507 pragma RETAIN can only be applied to a function or object definition, not "type_name"
+typedef int type_name;

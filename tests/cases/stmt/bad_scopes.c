@@ -21,7 +21,7 @@ int l(void) { int l1; l1 = undeclared1 + undeclared1; return undeclared1; }
 // expect: error #20 identifier "undeclared1" is undefined
 int m(void) { struct local { int a; } v; v.b = 1; return 0; }
 //                                         ^
-// expect: error #137 "b" is not a field of the class or union
+// expect: error #137 struct "local" has no field "b"
 int n(void) { enum { E1, E2 } e; e = E3; return e; }
 //                                   ^
 // expect: error #20 identifier "E3" is undefined
