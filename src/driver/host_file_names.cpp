@@ -26,28 +26,23 @@ a_text_buffer *shared_buffer(a_text_buffer **buffer) {
   return *buffer;
 }
 
-// Steps over one character, so that no byte inside a sequence is taken for '/' or '.'.
-const char *next_character(const char *p) {
-  return p + f_mbc_length(p, nullptr, true);
+// Neither escaped nor shown by number, nor the beginning of a longer sequence.
+bool is_plain_in_names(char c) {
+  return c >= 0x20 && c < 0x7f && c != '\\' && c != '"';
 }
 
 }  // namespace
 
+// No byte inside a sequence of UTF-8 has the value of '/' or '.'.
 const char *start_of_file_name(const char *name) {
-  const char *start = name;
-  for (const char *p = name; *p != '\0'; p = next_character(p)) {
-    if (*p == '/') start = p + 1;
-  }
-  return start;
+  const char *slash = std::strrchr(name, '/');
+  return slash != nullptr ? slash + 1 : name;
 }
 
 const char *suffix_of(const char *name) {
-  const char *suffix = nullptr;
-  const char *p = start_of_file_name(name);
-  for (; *p != '\0'; p = next_character(p)) {
-    if (*p == '.') suffix = p;
-  }
-  return suffix != nullptr ? suffix : p;
+  const char *base = start_of_file_name(name);
+  const char *period = std::strrchr(base, '.');
+  return period != nullptr ? period : base + std::strlen(base);
 }
 
 const char *f_directory_of(const char *name, bool general) {
@@ -151,7 +146,13 @@ int f_compare_file_names(const char *a, const char *b, bool quoted) {
 
 void write_file_name_to_text_buffer(const char *name, a_text_buffer *buffer, bool escape,
                                     bool show_nonprint) {
-  while (*name != '\0') {
+  for (;;) {
+    const char *plain_end = name;
+    while (is_plain_in_names(*plain_end))
+      ++plain_end;
+    add_to_text_buffer(buffer, name, static_cast<std::size_t>(plain_end - name));
+    name = plain_end;
+    if (*name == '\0') return;
     const int length = f_mbc_length(name, nullptr, true);
     const auto c = static_cast<unsigned char>(*name);
     if (length > 1) {

@@ -6,6 +6,7 @@
 #include "semantics/symbol_tbl.h"
 
 #include <cstring>
+#include <new>
 #include <initializer_list>
 
 #include "DIAG/error.h"
@@ -23,8 +24,7 @@ const char *const symbol_kind_names[syk_last + 1] = {
 };
 
 a_name_space name_space_for_symbol_kind[syk_last];
-a_symbol_header **symbol_table;
-std::size_t num_symbol_buckets;
+a_symbol_table symbol_table;
 const a_symbol_locator cleared_locator = {};
 std::int32_t next_scope_number;
 std::uint32_t decl_seq_counter = 1;
@@ -33,9 +33,10 @@ bool file_scope_symbols_are_on_inactive_list;
 
 namespace {
 
-constexpr std::size_t num_first_buckets = 16384;
-a_symbol_header *first_buckets[num_first_buckets];  // enough for most programs
-std::size_t num_headers;                            // in the table
+constexpr std::size_t num_first_slots = 8192;
+std::uint32_t first_hashes[num_first_slots];  // enough for small programs
+a_symbol_header *first_headers[num_first_slots];
+std::size_t num_headers;  // in the table
 
 a_symbol_header *error_header;    // null: not made yet
 a_symbol_header *unnamed_header;  // null: not made yet
@@ -57,10 +58,13 @@ void set_name_spaces() {
 }
 
 a_symbol_header *alloc_symbol_header(const char *name, std::size_t length, std::uint32_t hash) {
-  auto *header =
-      static_cast<a_symbol_header *>(alloc_in_region(permanent_region, sizeof(a_symbol_header)));
-  *header = {};
-  header->name = copy_string_to_region(primary_file_scope_region, name, length);
+  char *place =
+      static_cast<char *>(alloc_in_region(permanent_region, sizeof(a_symbol_header) + length + 1));
+  auto *header = new (place) a_symbol_header{};
+  char *copy = place + sizeof(a_symbol_header);  // read together with the header
+  std::memcpy(copy, name, length);
+  copy[length] = '\0';
+  header->name = copy;
   header->length = length;
   header->hash_value = hash;
   return header;
@@ -74,7 +78,7 @@ a_symbol_header *make_private_header(const char *name) {
 
 }  // namespace
 
-// All bytes take part: generated names often differ in a few places of a long text only.
+// Never 0. All bytes take part: generated names often differ in a few places of a long text only.
 std::uint32_t hash_of_name(const char *name, std::size_t length) {
   constexpr std::uint64_t multiplier = 0x9E3779B97F4A7C15;
   std::uint64_t hash = length * multiplier, word;
@@ -87,60 +91,58 @@ std::uint32_t hash_of_name(const char *name, std::size_t length) {
   for (std::size_t i = 0; i < length; ++i)
     word = word << 8 | static_cast<unsigned char>(name[i]);
   hash = (hash ^ word) * multiplier;
-  return static_cast<std::uint32_t>(hash >> 32);
+  const auto result = static_cast<std::uint32_t>(hash >> 32);
+  return result != 0 ? result : 1;
 }
 
 namespace {
 
-a_symbol_header **bucket_of(std::uint32_t hash) {
-  return &symbol_table[hash & (num_symbol_buckets - 1)];
+// The number of the name's slot, or of the free one where it belongs.
+std::size_t find_slot(const char *name, std::size_t length, std::uint32_t hash) {
+  const std::size_t mask = symbol_table.num_slots - 1;
+  std::size_t i = hash & mask;
+  for (; symbol_table.hashes[i] != 0; i = (i + 1) & mask) {
+    if (symbol_table.hashes[i] != hash) continue;
+    const a_symbol_header *header = symbol_table.headers[i];
+    if (header->length == length && std::memcmp(header->name, name, length) == 0) break;
+  }
+  return i;
 }
 
 void grow_symbol_table() {
-  a_symbol_header **old_table = symbol_table;
-  const std::size_t old_size = num_symbol_buckets;
-  num_symbol_buckets *= 4;
-  const std::size_t bytes = num_symbol_buckets * sizeof(a_symbol_header *);
-  symbol_table = static_cast<a_symbol_header **>(alloc_general(bytes));
-  std::memset(symbol_table, 0, bytes);
-  for (std::size_t i = 0; i < old_size; ++i) {
-    a_symbol_header *next;
-    for (a_symbol_header *header = old_table[i]; header != nullptr; header = next) {
-      next = header->next_in_bucket;
-      a_symbol_header **bucket = bucket_of(header->hash_value);
-      header->next_in_bucket = *bucket;
-      *bucket = header;
-    }
+  const a_symbol_table old = symbol_table;
+  a_symbol_table &table = symbol_table;
+  table.num_slots *= 2;
+  const std::size_t size_of_hashes = table.num_slots * sizeof *table.hashes;
+  table.hashes = static_cast<std::uint32_t *>(alloc_general(size_of_hashes));
+  std::memset(table.hashes, 0, size_of_hashes);
+  table.headers =
+      static_cast<a_symbol_header **>(alloc_general(table.num_slots * sizeof *table.headers));
+  for (std::size_t from = 0; from < old.num_slots; ++from) {
+    if (old.hashes[from] == 0) continue;
+    std::size_t i = old.hashes[from] & (table.num_slots - 1);
+    while (table.hashes[i] != 0)
+      i = (i + 1) & (table.num_slots - 1);
+    table.hashes[i] = old.hashes[from];
+    table.headers[i] = old.headers[from];
   }
-  if (old_table != first_buckets) free_general(old_table, old_size * sizeof(a_symbol_header *));
+  if (old.hashes == first_hashes) return;
+  free_general(old.hashes, old.num_slots * sizeof *old.hashes);
+  free_general(old.headers, old.num_slots * sizeof *old.headers);
 }
 
 }  // namespace
 
 a_symbol_header *find_symbol_header(const char *name, std::size_t length) {
   const std::uint32_t hash = hash_of_name(name, length);
-  a_symbol_header **bucket = bucket_of(hash);
-  a_symbol_header **link = bucket;
-  for (a_symbol_header *header = *bucket; header != nullptr; header = header->next_in_bucket) {
-    if (header->hash_value == hash && header->length == length &&
-        std::memcmp(header->name, name, length) == 0) {
-      if (link != bucket) {
-        *link = header->next_in_bucket;
-        header->next_in_bucket = *bucket;
-        *bucket = header;
-      }
-      return header;
-    }
-    link = &header->next_in_bucket;
-  }
-  if (++num_headers > num_symbol_buckets) {
+  std::size_t i = find_slot(name, length, hash);
+  if (symbol_table.hashes[i] != 0) return symbol_table.headers[i];
+  if (++num_headers * 4 > symbol_table.num_slots * 3) {
     grow_symbol_table();
-    bucket = bucket_of(hash);
+    i = find_slot(name, length, hash);
   }
-  a_symbol_header *header = alloc_symbol_header(name, length, hash);
-  header->next_in_bucket = *bucket;
-  *bucket = header;
-  return header;
+  symbol_table.hashes[i] = hash;
+  return symbol_table.headers[i] = alloc_symbol_header(name, length, hash);
 }
 
 a_symbol *find_symbol(const char *name, std::size_t length, a_symbol_locator *locator) {
@@ -249,9 +251,8 @@ void symbol_tbl_one_time_init() {
 }
 
 void symbol_tbl_init() {
-  if (num_headers != 0) std::memset(first_buckets, 0, sizeof first_buckets);
-  symbol_table = first_buckets;
-  num_symbol_buckets = num_first_buckets;
+  if (num_headers != 0) std::memset(first_hashes, 0, sizeof first_hashes);
+  symbol_table = {num_first_slots, first_hashes, first_headers};
   num_headers = 0;
   error_header = unnamed_header = nullptr;
 }

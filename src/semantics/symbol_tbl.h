@@ -49,7 +49,6 @@ extern a_name_space name_space_for_symbol_kind[syk_last];
 
 // One spelling.
 struct a_symbol_header {
-  a_symbol_header *next_in_bucket;
   const char *name;  // ends in a null
   std::size_t length;
   a_symbol *active_symbols;        // visible now, innermost scope first
@@ -168,8 +167,14 @@ struct a_symbol_locator {
 
 // ---- State: whole compilation ------------------------------------------------------------------
 
-extern a_symbol_header **symbol_table;  // chains by hash_value; grows with the names
-extern std::size_t num_symbol_buckets;  // a power of 2
+// The headers by their spelling: a slot is free, or the search for a name goes on in the next one.
+// Hashes stand apart, close together: most of what a search reads.
+struct a_symbol_table {
+  std::size_t num_slots;  // a power of 2; grows with the names
+  std::uint32_t *hashes;  // 0: free
+  a_symbol_header **headers;
+};
+extern a_symbol_table symbol_table;
 extern const a_symbol_locator cleared_locator;
 extern std::int32_t next_scope_number;
 

@@ -147,20 +147,19 @@ void gen_pp_output_for_macro_definitions() {
   std::size_t count = 0;
   std::size_t capacity = 0;
   a_symbol **macros = nullptr;
-  for (std::size_t i = 0; i < num_symbol_buckets; ++i) {
-    for (a_symbol_header *h = symbol_table[i]; h != nullptr; h = h->next_in_bucket) {
-      a_symbol *macro_symbol = find_macro_symbol(h);
-      if (macro_symbol == nullptr) continue;
-      const a_macro_def *def = macro_def_of(macro_symbol);
-      if (def->body == nullptr || (def->flags & mf_not_for_listing) != 0) continue;
-      if (count == capacity) {
-        std::size_t new_capacity = capacity == 0 ? 1024 : capacity * 2;
-        macros = static_cast<a_symbol **>(realloc_buffer(macros, capacity * sizeof(a_symbol *),
-                                                         new_capacity * sizeof(a_symbol *)));
-        capacity = new_capacity;
-      }
-      macros[count++] = macro_symbol;
+  for (std::size_t i = 0; i < symbol_table.num_slots; ++i) {
+    if (symbol_table.hashes[i] == 0) continue;
+    a_symbol *macro_symbol = find_macro_symbol(symbol_table.headers[i]);
+    if (macro_symbol == nullptr) continue;
+    const a_macro_def *def = macro_def_of(macro_symbol);
+    if (def->body == nullptr || (def->flags & mf_not_for_listing) != 0) continue;
+    if (count == capacity) {
+      std::size_t new_capacity = capacity == 0 ? 1024 : capacity * 2;
+      macros = static_cast<a_symbol **>(realloc_buffer(macros, capacity * sizeof(a_symbol *),
+                                                       new_capacity * sizeof(a_symbol *)));
+      capacity = new_capacity;
     }
+    macros[count++] = macro_symbol;
   }
   std::qsort(macros, count, sizeof(a_symbol *), [](const void *a, const void *b) {
     return std::strcmp((*static_cast<a_symbol *const *>(a))->header->name,

@@ -172,6 +172,12 @@ bool try_in_directory(a_directory_name_entry *dir, a_search *search) {
   }
 }
 
+std::uint64_t hash_of_search(const a_search *search) {
+  const char *directory = search->start->name;
+  return hash_of_text(hash_of_text(0, directory, std::strlen(directory)), search->name,
+                      std::strlen(search->name));
+}
+
 a_search_result *find_cached_search(const a_search *search) {
   for (a_search_result *r = search_results[bucket_of_hash(search->hash)]; r != nullptr; r = r->next)
     if (r->hash == search->hash && r->start == search->start &&
@@ -179,6 +185,54 @@ a_search_result *find_cached_search(const a_search *search) {
         std::strcmp(r->start_name, search->start->name) == 0)
       return r;
   return nullptr;
+}
+
+void remember_search(const a_search *search) {
+  a_search_result **bucket = &search_results[bucket_of_hash(search->hash)];
+  search->result->next = *bucket;
+  *bucket = search->result;
+  anything_is_remembered = true;
+}
+
+// In the directories from search->start on.
+bool find_in_directories(a_search *search) {
+  search->hash = hash_of_search(search);
+  search->result = find_cached_search(search);
+  if (search->result != nullptr) return true;
+  const char *last_dir = nullptr;
+  for (a_directory_name_entry *d = search->start; d != nullptr; d = d->next) {
+    if (last_dir != nullptr && std::strcmp(last_dir, d->name) == 0) continue;
+    last_dir = d->name;
+    if (!try_in_directory(d, search)) continue;
+    remember_search(search);
+    return true;
+  }
+  return false;
+}
+
+// Beside the file that includes, then in the others. What the others gave is remembered by itself:
+// files of many directories ask for the same names.
+bool find_beside_or_in_directories(a_search *search) {
+  search->hash = hash_of_search(search);
+  search->result = find_cached_search(search);
+  if (search->result != nullptr) return true;
+  if (try_in_directory(search->start, search)) {
+    remember_search(search);
+    return true;
+  }
+  a_search others = *search;
+  others.start = search->start->next;
+  if (others.start == nullptr) return false;
+  bool found = find_in_directories(&others);
+  search->failure = others.failure;
+  if (!found) return false;
+  search->result = static_cast<a_search_result *>(alloc_in_region(0, sizeof(a_search_result)));
+  *search->result = *others.result;
+  search->result->hash = search->hash;
+  search->result->start = search->start;
+  search->result->start_name = permanent_copy(search->start->name);
+  remember_search(search);
+  return true;
 }
 
 bool find_on_search_path(const an_include_request *request, a_search *search) {
@@ -191,22 +245,8 @@ bool find_on_search_path(const an_include_request *request, a_search *search) {
     search->failure.flags = off_does_not_exist;
     return false;
   }
-  search->hash = hash_of_text(0, search->start->name, std::strlen(search->start->name));
-  search->hash = hash_of_text(search->hash, search->name, std::strlen(search->name));
-  search->result = find_cached_search(search);
-  if (search->result != nullptr) return true;
-  const char *last_dir = nullptr;
-  for (a_directory_name_entry *d = search->start; d != nullptr; d = d->next) {
-    if (last_dir != nullptr && std::strcmp(last_dir, d->name) == 0) continue;
-    last_dir = d->name;
-    if (!try_in_directory(d, search)) continue;
-    a_search_result **bucket = &search_results[bucket_of_hash(search->hash)];
-    search->result->next = *bucket;
-    *bucket = search->result;
-    anything_is_remembered = true;
-    return true;
-  }
-  return false;
+  return search->start == incl_search_path ? find_beside_or_in_directories(search)
+                                           : find_in_directories(search);
 }
 
 bool find_file(const an_include_request *request, a_search *search) {
