@@ -140,6 +140,12 @@ a_constant *scan_braced_scalar(an_init_walk &walk, a_type *type) {
   if (curr_token == tok_rbrace) {
     pos_error(ec_exp_primary_expr, &pos_curr_token);
     value = make_error_value(walk);
+  } else if (curr_token == tok_period || (curr_token == tok_lbracket && !in_cplusplus())) {
+    pos_error(ec_invalid_designator_kind, &pos_curr_token);  // a scalar has no parts
+    value = make_error_value(walk);
+    a_stop_token_count stops[tok_last] = {};
+    stops[tok_comma] = stops[tok_rbrace] = stops[tok_semicolon] = 1;
+    flush_tokens_with_stop_tokens_and_warning_flag(stops, true);
   } else if (curr_token == tok_lbrace) {
     pos_diagnostic(strict_ansi_mode ? strict_ansi_error_severity
                    : in_cplusplus() ? es_warning

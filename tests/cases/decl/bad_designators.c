@@ -46,10 +46,10 @@ struct point wrong9 = {.x = 1, .y = 2, 3};
 // expect: warning #1238 excess initializers are ignored
 int wrong10 = {[0] = 1};
 //             ^
-// expect: error #29 expected an expression
+// expect: error #1099 invalid designator kind
 int wrong11 = {.x = 1};
 //             ^
-// expect: error #29 expected an expression
+// expect: error #1099 invalid designator kind
 int wrong12[1.5] = {1};
 //          ^
 // expect: error #159 expression must be an integral constant expression
