@@ -1,10 +1,10 @@
 // options: --c11 --gcc --remarks
 int scalar = { .a = 1 };
 //             ^
-// expect: error #29 expected an expression
+// expect: error #1099 invalid designator kind
 int braces = { [0] = 1 };
 //             ^
-// expect: error #29 expected an expression
+// expect: error #1099 invalid designator kind
 struct s { int a; int b[2]; };
 struct s deep = { .a.b = 1, .b[0][1] = 2, .b.c = 3 };
 //                  ^

@@ -14,7 +14,7 @@ f_t wrong { return 0; }
 // expect: error #94 a function definition cannot take its function type from a typedef
 int designated = { .a = 1 };
 //                 ^
-// expect: error #29 expected an expression
+// expect: error #1099 invalid designator kind
 inline int lost(void);
 static int never(int);
 //         ^
