@@ -3,6 +3,9 @@
 // The rows of fe_init.def are the orders; what stands here is what the levels do besides.
 #include "driver/fe_init.h"
 
+#include <unistd.h>
+
+#include <cstdio>
 #include <cstring>
 #include <ctime>
 
@@ -81,12 +84,15 @@ void copy_settings_to_il_header() {
 }
 
 void open_pp_output() {
+  static char buffer[0x10000];  // the text of large headers goes out in few steps
   if (pp_file_name == nullptr) {
     f_pp_output = stdout;
-    return;
+    if (isatty(STDOUT_FILENO)) return;
+  } else {
+    f_pp_output = open_output_file_with_error_handling(pp_file_name, false, false, 0, ect_1787);
+    note_begun_output(pp_file_name);
   }
-  f_pp_output = open_output_file_with_error_handling(pp_file_name, false, false, 0, ect_1787);
-  note_begun_output(pp_file_name);
+  std::setvbuf(f_pp_output, buffer, _IOFBF, sizeof buffer);
 }
 
 }  // namespace
