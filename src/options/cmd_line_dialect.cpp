@@ -76,8 +76,7 @@ void drop_modes_in_strict_mode() {
   gcc_mode = gpp_mode = gnu_mode = false;
 }
 
-// ---- The table
-// -----------------------------------------------------------------------------------
+// ---- The table ---------------------------------------------------------------------------------
 
 bool cpp11_group_is_on;  // for the rows of that group
 

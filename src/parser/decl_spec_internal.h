@@ -56,6 +56,15 @@ inline bool type_seen(const a_specifier_scan &scan) {
          scan.complex != cplx_none;
 }
 
+// decl_spec_storage.cpp: each takes the keyword and notes it in the scan.
+void scan_storage_class(a_specifier_scan &scan);
+void scan_thread_local(a_specifier_scan &scan);
+void scan_inline(a_specifier_scan &scan);
+void scan_noreturn(a_specifier_scan &scan);
+void scan_cplusplus_specifier(a_specifier_scan &scan);  // not supported yet: says so
+void scan_target_keyword(a_specifier_scan &scan);
+void skip_memory_keyword();
+
 // decl_spec_types.cpp: the arithmetic keywords, and the type that they make together.
 void add_base_keyword(a_specifier_scan &scan, a_base_kind base);
 void add_sign_keyword(a_specifier_scan &scan, a_sign_kind sign);
