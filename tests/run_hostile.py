@@ -332,6 +332,18 @@ def sources_of(n, m):
     yield 'parens', 'int x = ' + '(' * n + '1' + ')' * n + ';\n', any_end
     yield 'braces', 'void f(void) ' + '{' * n + '}' * n + '\n', any_end
     yield 'stars', 'int ' + '*' * m + 'x;\n', any_end
+    for name, (before, middle, after) in {
+            'structs': ('struct {', 'int x;', '} m;'), 'anonymous': ('struct {', 'int x;', '};'),
+            'prototypes': ('int (*)(', 'void', ')'), 'generic': ('_Generic(1, default: ', '1', ')'),
+            'generic_match': ('_Generic(1, int: ', '1', ')'), 'calls': ('f(', '1', ')')}.items():
+        start, end = {'structs': ('struct {', '} v;'), 'anonymous': ('struct {', '} v;'), 'prototypes': ('int f(', ');')}.get(
+            name, ('int f(int); int x = sizeof(', ');'))
+        yield 'deep_' + name, f'{start}{before * n}{middle}{after * n}{end}\n', any_end
+    yield 'many_dimensions', 'extern int x' + '[1]' * n + ';\n', ok
+    yield 'typedefs', 'typedef int t0;\n' + ''.join(f'typedef t{i} t{i + 1};\n' for i in range(n)) + f't{n} x;\n', ok
+    yield 'identifier_list', (f'int f({",".join(f"p{i}" for i in range(n))}) ' + ''.join(f'int p{i};\n' for i in range(n)) +
+                              '{ return p0; }\n'), ok
+    yield 'packs', '#pragma pack(push, 1)\n' * n + '#pragma pack(pop)\n' * n + 'int x;\n', ok
     yield 'bad_directives', '#foo\n' * n, bad
     yield 'line_directives', ''.join(f'#line {i + 1} "f{i}.c"\n' for i in range(n)) + 'int x;\n', ok
     yield 'nulls', b'\0' * m + b'int x;\n', any_end

@@ -233,17 +233,25 @@ std::uint32_t hash_name(const a_source_correspondence *corresp) {
   return hash_bytes(0, corresp->name, std::strlen(corresp->name));
 }
 
+// Many local entities have one name ("static int count" in each function): the place tells them
+// apart.
+std::uint32_t hash_entity(const a_source_correspondence *corresp) {
+  if (corresp == nullptr) return 0;
+  const a_source_position &position = corresp->decl_position;
+  return hash_name(corresp) + position.seq * 0x9E3779B1u + position.column;
+}
+
 std::uint32_t hash_address(const a_constant *constant) {
   std::uint32_t hash = 0;
   switch (constant->address_kind) {
     case abk_routine:
-      hash = hash_name(constant->address_routine);
+      hash = hash_entity(constant->address_routine);
       break;
     case abk_variable:
-      hash = hash_name(constant->address_variable);
+      hash = hash_entity(constant->address_variable);
       break;
     case abk_label:
-      hash = hash_name(constant->address_label);
+      hash = hash_entity(constant->address_label);
       break;
     case abk_typeinfo:
       hash = hash_name(constant->address_type);

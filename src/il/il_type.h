@@ -115,6 +115,7 @@ struct a_type : a_source_correspondence {
   bool is_deduced : 1;
   bool has_typeof : 1;
   bool definition_needed : 1;
+  bool has_lowered_form : 1;  // found to; clear: not yet asked, or it has none
   a_variable *assoc_variable;
   union {
     struct {  // tk_integer
@@ -284,6 +285,8 @@ struct a_typeref_supplement {
   a_type *original_type;        // in front of what an attribute changed
   std::int32_t bit_field_form;  // -1: none
   a_source_range range;
+  a_type *chain_end;          // what a long chain of typerefs ends in; null: not yet known
+  unsigned chain_qualifiers;  // of this typeref and those behind it, with chain_end
 };
 
 enum an_auto_kind : std::uint8_t { auto_none, auto_plain, auto_decltype };

@@ -8,7 +8,7 @@
 
 namespace {
 
-const char *unlowered_part(const a_type *type);
+const char *unlowered_part(a_type *type);
 
 const char *unlowered_part_of_routine_type(const a_type *type) {
   const char *part = unlowered_part(type->return_type);
@@ -18,11 +18,7 @@ const char *unlowered_part_of_routine_type(const a_type *type) {
   return part;
 }
 
-// What of a type has no lowered form, as a subject for the message; null: nothing. The members of a
-// class are told where the class is.
-const char *unlowered_part(const a_type *type) {
-  for (; type->kind == tk_typeref; type = type->referenced_type)
-    if ((type->qualifiers & tq_atomic) != 0) return "an _Atomic type is";
+const char *unlowered_part_of_kind(const a_type *type) {
   switch (type->kind) {
     case tk_complex:
     case tk_imaginary:
@@ -39,6 +35,18 @@ const char *unlowered_part(const a_type *type) {
   }
 }
 
+// What of a type has no lowered form, as a subject for the message; null: nothing. The members of a
+// class are told where the class is. Every expression asks: the answer "nothing" is kept.
+const char *unlowered_part(a_type *type) {
+  a_type *asked = type;
+  for (; type->kind == tk_typeref && !type->has_lowered_form; type = type->referenced_type)
+    if ((type->qualifiers & tq_atomic) != 0) return "an _Atomic type is";
+  if (type->has_lowered_form) return nullptr;
+  const char *part = unlowered_part_of_kind(type);
+  asked->has_lowered_form = type->has_lowered_form = part == nullptr;
+  return part;
+}
+
 bool report(const char *subject, const a_source_position *position) {
   if (subject == nullptr) return false;
   pos_st_error(ec_not_supported, position, subject);
@@ -47,7 +55,7 @@ bool report(const char *subject, const a_source_position *position) {
 
 }  // namespace
 
-bool report_unlowered_c99_type(const a_type *type, const a_source_position *position) {
+bool report_unlowered_c99_type(a_type *type, const a_source_position *position) {
   return type != nullptr && report(unlowered_part(type), position);
 }
 

@@ -7,6 +7,6 @@
 // Reports a complex, imaginary, atomic or variable-length construct, which has no lowered form yet,
 // at the expression; true: it is one.
 bool report_unlowered_c99_expr(const an_expr_node *expr);
-bool report_unlowered_c99_type(const a_type *type, const struct a_source_position *position);
+bool report_unlowered_c99_type(a_type *type, const struct a_source_position *position);
 
 #endif

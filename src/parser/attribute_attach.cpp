@@ -323,6 +323,7 @@ void attach_type_attributes(a_type **type, an_attribute *list, a_decl_parse_stat
       apply_attribute(attribute, reinterpret_cast<char *>(target), iek_type);
     attribute->parse_state = nullptr;
   }
+  target->typeref_supplement->chain_end = nullptr;
   *type = target;
 }
 

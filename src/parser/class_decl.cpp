@@ -17,6 +17,7 @@
 #include "parser/decl_spec.h"
 #include "parser/declarator.h"
 #include "parser/decls.h"
+#include "parser/depth_guard.h"
 #include "parser/disambig.h"
 #include "parser/expr.h"
 #include "semantics/const_ints.h"
@@ -411,7 +412,12 @@ void finish_class_definition(a_type *class_type, bool) {
   do_class_layout(class_type);
 }
 
+// struct a { struct b { struct c { ...   The members of anonymous ones are entered at each level.
+static constexpr int max_class_depth = 2000;
+static int class_depth;
+
 void scan_class_definition(a_type *class_type, a_decl_parse_state *state, std::uint32_t) {
+  a_depth_guard guard(class_depth, max_class_depth);
   a_source_position start = pos_curr_token;
   class_type->class_flags.is_being_defined = true;
   class_type->class_supplement->definition_position = start;
@@ -441,4 +447,6 @@ a_lambda *scan_lambda() {
 }
 
 void class_decl_one_time_init() {}
-void class_decl_trans_unit_init() {}
+void class_decl_trans_unit_init() {
+  class_depth = 0;
+}

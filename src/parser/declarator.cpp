@@ -243,7 +243,8 @@ bool check_array_element(a_declarator_scan &scan, a_declarator_part *part, a_typ
     pos_error(ec_bad_array_element_type, position);
     return false;
   }
-  if (is_incomplete_type(bottom)) {
+  // An array that has a bound was judged when it was made.
+  if (bottom->kind != tk_array && is_incomplete_type(bottom)) {
     // struct s a[3];   before s is complete
     bool tolerated = (scan.flags & dcl_template_type_ok) != 0;
     if (!tolerated) pos_ty_error(ec_incomplete_type_not_allowed, position, element);
@@ -351,4 +352,5 @@ void declarator(std::uint64_t flags, a_decl_parse_state *state, a_type *, a_symb
 
 void declarator_trans_unit_init() {
   free_declarator_parts = nullptr;
+  reset_prototype_depth();
 }

@@ -18,6 +18,7 @@
 // One name of a K&R identifier list.
 struct a_param_id {
   a_param_id *next;
+  a_param_id *next_in_chain;
   a_symbol_header *header;
   a_source_position position;
   a_type *type;                // set by its declaration; null: not declared, an int
@@ -45,7 +46,11 @@ struct a_param_decl {
 
 // What a function declarator leaves for the declaration routines.
 struct a_func_info_block {
-  a_param_id *param_id_list;         // K&R identifier list; null: a prototype or ()
+  a_param_id *param_id_list;  // K&R identifier list; null: a prototype or ()
+  a_param_id *last_param_id;
+  a_param_id **param_id_chains;  // by header, a power of two of them
+  std::uint32_t num_param_id_chains;
+  std::uint32_t num_param_ids;
   a_param_decl *param_decls;         // parameters of a prototype
   std::uint32_t param_scope_number;  // scope of the parameters; 0: none
   a_token_cache *exception_spec_cache;

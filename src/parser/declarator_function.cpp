@@ -6,6 +6,8 @@
 //
 // The prototype of the declared name itself leaves its parameters in the a_func_info_block; those
 // of other function types (of pointers to functions, of parameters) only form their type.
+#include <cstring>
+
 #include "DIAG/error.h"
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
@@ -15,6 +17,7 @@
 #include "parser/declarator_internal.h"
 #include "parser/decls.h"
 #include "parser/def_arg.h"
+#include "parser/depth_guard.h"
 #include "parser/disambig.h"
 #include "semantics/lookup.h"
 #include "semantics/scope_stk.h"
@@ -27,25 +30,59 @@ void clear_func_info(a_func_info_block *info) {
   info->scope_depth = -1;
 }
 
+namespace {
+
+a_param_id **chain_of_param_id(const a_symbol_header *header, const a_func_info_block *info) {
+  std::uint64_t hash = reinterpret_cast<std::uintptr_t>(header) * 0x9E3779B97F4A7C15u;
+  return &info->param_id_chains[hash >> 32 & (info->num_param_id_chains - 1)];
+}
+
+void enter_in_chain(a_param_id *id, a_func_info_block *info) {
+  a_param_id **chain = chain_of_param_id(id->header, info);
+  id->next_in_chain = *chain;
+  *chain = id;
+}
+
+void grow_param_id_chains(a_func_info_block *info) {
+  info->num_param_id_chains = info->num_param_id_chains == 0 ? 16 : 4 * info->num_param_id_chains;
+  const std::size_t bytes = info->num_param_id_chains * sizeof(a_param_id *);
+  info->param_id_chains = static_cast<a_param_id **>(alloc_in_region(0, bytes));
+  std::memset(info->param_id_chains, 0, bytes);
+  for (a_param_id *id = info->param_id_list; id != nullptr; id = id->next)
+    enter_in_chain(id, info);
+}
+
+}  // namespace
+
 void add_to_param_id_list(const a_symbol_locator *locator, a_func_info_block *info) {
   auto *id = static_cast<a_param_id *>(alloc_in_region(0, sizeof(a_param_id)));
   *id = a_param_id{};
   id->header = locator->header;
   id->position = locator->position;
-  a_param_id **link = &info->param_id_list;
-  while (*link != nullptr)
-    link = &(*link)->next;
-  *link = id;
+  if (info->param_id_list == nullptr)
+    info->param_id_list = id;
+  else
+    info->last_param_id->next = id;
+  info->last_param_id = id;
+  ++info->num_param_ids;
+  if (info->num_param_ids > info->num_param_id_chains)
+    grow_param_id_chains(info);
+  else
+    enter_in_chain(id, info);
 }
 
 a_param_id *param_id_on_list(const a_symbol_locator *locator, const a_func_info_block *info) {
-  for (a_param_id *id = info->param_id_list; id != nullptr; id = id->next)
+  if (info->param_id_list == nullptr) return nullptr;
+  for (a_param_id *id = *chain_of_param_id(locator->header, info); id != nullptr;
+       id = id->next_in_chain)
     if (id->header == locator->header) return id;
   return nullptr;
 }
 
 void free_param_id_list(a_func_info_block *info) {
-  info->param_id_list = nullptr;
+  info->param_id_list = info->last_param_id = nullptr;
+  info->param_id_chains = nullptr;
+  info->num_param_id_chains = info->num_param_ids = 0;
 }
 
 void adjust_parameter_type(a_type **type) {
@@ -272,7 +309,12 @@ void leave_func_info(a_prototype_scan &scan, a_func_info_block *info) {
   info->has_ellipsis = scan.routine->routine_supplement->has_ellipsis;
 }
 
+// int f(int (*)(int (*)(int ...
+constexpr int max_prototype_depth = 20000;
+int prototype_depth;
+
 void scan_prototype_in_scope(a_prototype_scan &scan, a_func_info_block *info) {
+  a_depth_guard guard(prototype_depth, max_prototype_depth);
   push_scope(sck_prototype, -1, scan.routine, nullptr);
   scan.routine->routine_supplement->prototyped = true;
   scan_prototype(scan);
@@ -294,6 +336,10 @@ void skip_rest_of_parameter_list(a_declarator_scan &scan) {
 }
 
 }  // namespace
+
+void reset_prototype_depth() {
+  prototype_depth = 0;
+}
 
 a_declarator_part *scan_function_declarator(a_declarator_scan &scan, bool for_name) {
   a_declarator_part *part = alloc_declarator_part(dpk_function);

@@ -40,6 +40,7 @@ a_declarator_part *scan_array_declarator(a_declarator_scan &scan, bool is_outerm
 
 // "(" is current: reads a parameter list. for_name: it applies to the declared name itself, so that
 // a definition can follow.
+void reset_prototype_depth();
 a_declarator_part *scan_function_declarator(a_declarator_scan &scan, bool for_name);
 
 #endif

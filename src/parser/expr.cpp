@@ -5,6 +5,7 @@
 
 #include "driver/switches.h"
 #include "il/il.h"
+#include "parser/depth_guard.h"
 #include "parser/expr_internal.h"
 #include "semantics/const_ints.h"
 #include "semantics/folding.h"
@@ -46,16 +47,6 @@ constexpr struct a_level_table {
 bool is_right_associative(int level) {
   return level == level_conditional || level == level_assignment;
 }
-
-class a_depth_count {
- public:
-  a_depth_count() {
-    if (++expr_depth <= max_expr_depth) return;
-    error_position = pos_curr_token;
-    catastrophe(ec_program_too_large);
-  }
-  ~a_depth_count() { expr_depth--; }
-};
 
 void scan_operator(an_operand *left, an_operand *result, int level) {
   switch (curr_token) {
@@ -198,7 +189,7 @@ void scan_operators(an_operand *operand, int level) {
 // assignment-expression and the levels below and above it, by precedence climbing.
 // C11 6.5.3 to 6.5.17
 void scan_expr_at_level(an_operand *result, int level) {
-  a_depth_count depth;
+  a_depth_guard guard(expr_depth, max_expr_depth);
   scan_primary(result);
   scan_operators(result, level);
 }

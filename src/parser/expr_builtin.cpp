@@ -3,6 +3,7 @@
 #include "driver/switches.h"
 #include "il/il.h"
 #include "parser/declarator.h"
+#include "parser/depth_guard.h"
 #include "parser/disambig.h"
 #include "parser/expr_internal.h"
 #include "semantics/folding.h"
@@ -192,9 +193,14 @@ void scan_cached_association(a_token_cache *cache, an_operand *result) {
 
 }  // namespace
 
+// The expression of a default is kept until all types are known and then read again: at each level
+// anew, when such expressions are nested.
+static constexpr int max_generic_depth = 256;
+
 // _Generic(selector, type : expression, ..., default : expression)
 // C11 6.5.1.1
 void scan_generic_selection(an_operand *result) {
+  a_depth_guard guard(generic_depth, max_generic_depth);
   a_source_position start = pos_curr_token;
   a_parenthesized_form form;
   add_stop_token(tok_comma);
@@ -205,7 +211,7 @@ void scan_generic_selection(an_operand *result) {
   a_type_list_entry *listed = nullptr;
   a_token_cache chosen;
   clear_token_cache(&chosen, false);
-  bool ok = selector.kind != ok_error, seen_default = false, found = false, has_candidate = false;
+  bool ok = selector.kind != ok_error, seen_default = false, found = false, has_default = false;
   while (curr_token == tok_comma) {
     get_token();
     a_type *type;
@@ -218,11 +224,14 @@ void scan_generic_selection(an_operand *result) {
       *entry = {listed, type};
       listed = entry;
     }
-    if ((matches || type == nullptr) && !found) {
+    if (matches && !found) {
+      discard_token_cache(&chosen);
+      scan_expr_at_level(result, level_comma);
+      found = true;
+    } else if (type == nullptr && !found) {
       discard_token_cache(&chosen);
       cache_association(&chosen);
-      has_candidate = true;
-      found = matches;
+      has_default = true;
     } else {
       an_operand other;
       scan_unevaluated(&other);
@@ -233,9 +242,9 @@ void scan_generic_selection(an_operand *result) {
   an_operand outside;
   form.close(&outside);
   a_source_position end = outside.end_pos;
-  if (has_candidate && ok) {
+  if (!found && has_default && ok) {
     scan_cached_association(&chosen, result);
-  } else {
+  } else if (!found || !ok) {
     if (ok && expr_error_should_be_issued())
       pos_ty_error(ec_no_match_in_c11_generic, &start, selector_type);
     discard_token_cache(&chosen);

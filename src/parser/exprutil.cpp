@@ -15,6 +15,7 @@
 
 an_expr_stack_entry *expr_stack = nullptr;
 int expr_depth = 0;
+int generic_depth = 0;
 
 namespace {
 
@@ -565,11 +566,11 @@ a_type *ptrdiff_type() {
 
 void expr_one_time_init() {
   expr_stack = nullptr;
-  expr_depth = 0;
+  expr_depth = generic_depth = 0;
 }
 
 void expr_trans_unit_init() {
   curr_expr_ref_entries = last_expr_ref_entry = avail_ref_entries = nullptr;
   expr_stack = nullptr;
-  expr_depth = 0;
+  expr_depth = generic_depth = 0;
 }

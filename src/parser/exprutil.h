@@ -91,6 +91,7 @@ struct an_expr_stack_entry {
 
 extern an_expr_stack_entry *expr_stack;  // the innermost context; null outside expressions
 extern int expr_depth;                   // of nested scans, for the limit
+extern int generic_depth;                // of nested generic selections, for the limit
 
 // ---- Contexts ----------------------------------------------------------------------------------
 

@@ -15,6 +15,7 @@
 #include "parser/attribute.h"
 #include "parser/decl_spec.h"
 #include "parser/decls.h"
+#include "parser/depth_guard.h"
 #include "parser/disambig.h"
 #include "parser/expr.h"
 #include "parser/extasm.h"
@@ -49,15 +50,6 @@ void grow_struct_stmt_stack() {
       alloc_general(chunk_size * sizeof(a_struct_stmt_stack_entry)));
   size_stmt_stack += chunk_size;
 }
-
-struct a_depth_guard {
-  a_depth_guard() {
-    if (++statement_depth <= max_statement_depth) return;
-    error_position = pos_curr_token;
-    catastrophe(ec_program_too_large);
-  }
-  ~a_depth_guard() { --statement_depth; }
-};
 
 }  // namespace
 
@@ -493,7 +485,7 @@ bool is_attribute_start() {
 //     | iteration-statement | jump-statement | asm-statement
 // C11 6.8
 void scan_statement(bool is_dependent, bool extension_seen) {
-  a_depth_guard guard;
+  a_depth_guard guard(statement_depth, max_statement_depth);
   bool after_label = false;
   if (is_attribute_start()) report_attributes_of_statement(scan_attributes(al_decl_start));
   if (!extension_seen && curr_token == tok_extension) get_token();
@@ -570,7 +562,7 @@ void finish_block(a_statement *block, a_scope *scope) {
 }  // namespace
 
 a_statement *compound_statement_full(unsigned flags, a_type **result_type) {
-  a_depth_guard guard;
+  a_depth_guard guard(statement_depth, max_statement_depth);
   const bool is_function_body = (flags & bf_function_body) != 0;
   const bool is_statement_expression = (flags & bf_statement_expression) != 0;
   if (is_function_body) {

@@ -31,11 +31,36 @@ bool is_decltype(const a_type *typeref) {
   return (typeref->qualifiers & typeref_is_decltype) != 0;
 }
 
+// typedef t0 t1;  typedef t1 t2;  ...   Beyond this many the typerefs remember where they lead.
+constexpr int long_chain = 8;
+
+// Fills chain_end and chain_qualifiers of a typeref, and of some behind it, so that no walk from
+// any of them is long again.
+const a_typeref_supplement *remembered_chain(const a_type *typeref) {
+  constexpr int steps_between = 64;
+  a_typeref_supplement *chain = typeref->typeref_supplement;
+  if (chain->chain_end != nullptr) return chain;
+  a_type *end = typeref->referenced_type;
+  unsigned qualifiers = typeref->qualifiers & tq_mask;
+  for (int steps = 1; end->kind == tk_typeref; end = end->referenced_type, ++steps) {
+    if (steps >= steps_between || end->typeref_supplement->chain_end != nullptr) {
+      const a_typeref_supplement *rest = remembered_chain(end);
+      qualifiers |= rest->chain_qualifiers;
+      end = rest->chain_end;
+      break;
+    }
+    qualifiers |= end->qualifiers & tq_mask;
+  }
+  chain->chain_end = end;
+  chain->chain_qualifiers = qualifiers;
+  return chain;
+}
+
 }  // namespace
 
 a_type *f_skip_typerefs(a_type *type) {
-  while (type->kind == tk_typeref)
-    type = type->referenced_type;
+  for (int steps = 0; type->kind == tk_typeref; type = type->referenced_type)
+    if (++steps > long_chain) return remembered_chain(type)->chain_end;
   return type;
 }
 
@@ -475,8 +500,13 @@ a_type *underlying_enum_type(const a_type *type) {
 
 unsigned f_get_type_qualifiers(const a_type *type, bool c_rules) {
   unsigned qualifiers = 0;
-  for (;;) {
-    if (type->kind == tk_typeref) {
+  for (int steps = 0;; ++steps) {
+    if (type->kind == tk_typeref && steps >= long_chain) {
+      const a_typeref_supplement *chain = remembered_chain(type);
+      qualifiers |= chain->chain_qualifiers;
+      type = chain->chain_end;
+      steps = 0;
+    } else if (type->kind == tk_typeref) {
       qualifiers |= type->qualifiers & tq_mask;
       type = type->referenced_type;
     } else if (type->kind == tk_array && !c_rules) {

@@ -180,6 +180,7 @@ void append_pragmas(a_pending_pragma *pragmas) {
   while (*link != nullptr)
     link = &(*link)->next;
   *link = pragmas;
+  pragmas->last_of_list = nullptr;
 }
 
 a_cached_token *copy_of_token(const a_cached_token *token) {

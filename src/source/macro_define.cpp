@@ -436,13 +436,19 @@ bool scan_replacement_list(a_definition *d) {
 void note_param_uses(const a_definition *d) {
   if (d->num_params == 0) return;
   const unsigned char *chunk = reinterpret_cast<const unsigned char *>(chunks.text);
+  a_macro_param *param = d->params;
+  std::uint32_t at = 1;  // the number of param
   while (*chunk != chk_end) {
     std::uint32_t number = chunk_number(chunk);
     if (*chunk == chk_text) {
       chunk += number;
     } else if (*chunk != chk_paste) {
-      a_macro_param *param = d->params;
-      for (std::uint32_t i = 1; i < number; ++i)
+      // Mostly they stand in the list in the order in which they are declared.
+      if (number < at) {
+        param = d->params;
+        at = 1;
+      }
+      for (; at < number; ++at)
         param = param->next;
       if (*chunk == chk_expanded)
         param->used_expanded = true;

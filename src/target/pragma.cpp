@@ -55,6 +55,7 @@ std::deque<PRAGMA> file_pragmas;  // those that create_il_entry_for_pragma made
 // ---- Pending pragmas ---------------------------------------------------------------------------
 
 a_pending_pragma *avail_pending_pragmas;
+a_pending_pragma *immediate_pragmas;  // just read, to be obeyed before the next token
 
 a_pending_pragma *alloc_pending_pragma() {
   a_pending_pragma *pending = avail_pending_pragmas;
@@ -73,10 +74,24 @@ void free_pending_pragma(a_pending_pragma *pending) {
   avail_pending_pragmas = pending;
 }
 
+// Thousands may wait for one token: the first of a list remembers where the next one goes, as long
+// as none is taken out behind it.
 void append_pending(a_pending_pragma **list, a_pending_pragma *added) {
-  while (*list != nullptr)
-    list = &(*list)->next;
-  *list = added;
+  a_pending_pragma *first = *list;
+  if (added != nullptr) added->last_of_list = nullptr;
+  if (first == nullptr) {
+    *list = added;
+    return;
+  }
+  a_pending_pragma *last = first->last_of_list != nullptr ? first->last_of_list : first;
+  while (last->next != nullptr)
+    last = last->next;
+  last->next = added;
+  first->last_of_list = added;
+}
+
+void forget_last(a_pending_pragma *list) {
+  if (list != nullptr) list->last_of_list = nullptr;
 }
 
 a_pending_pragma *take_list(a_pending_pragma **list) {
@@ -181,6 +196,10 @@ void record_pragma(a_pragma_kind_description *description,
   else
     read_tokens(pending, in_parens);
   expand_macros = saved_expand;
+  if (description->mode == pmo_immediate && !caching_tokens) {
+    append_pending(&immediate_pragmas, pending);
+    return;
+  }
   if (description->mode != pmo_preprocessor) {
     append_pending(&curr_token_pragmas, pending);
     any_initial_get_token_tests_needed = true;
@@ -250,7 +269,7 @@ a_pending_pragma *make_copy_of_pragma_list(const a_pending_pragma *list) {
   for (; list != nullptr; list = list->next) {
     a_pending_pragma *copy = alloc_pending_pragma();
     *copy = *list;
-    copy->next = nullptr;
+    copy->next = copy->last_of_list = nullptr;
     if (copy->has_tokens) {
       clear_token_cache(&copy->tokens, true);
       copy_tokens_from_cache(&list->tokens, 0, 0, false, &copy->tokens);
@@ -346,24 +365,23 @@ void select_curr_construct_pragmas(bool) {
     else
       append_pending(target, pending);
   }
+  forget_last(curr_token_pragmas);
   process_curr_token_pragmas();
 }
 
 void process_immediate_pragmas() {
+  if (immediate_pragmas == nullptr) return;
   // A rescan of tokens looks at the list: it must be empty meanwhile.
-  a_pending_pragma *list = take_list(&curr_token_pragmas);
-  for (a_pending_pragma **link = &list; *link != nullptr;) {
-    a_pending_pragma *pending = *link;
-    if (pending->description->mode != pmo_immediate) {
-      link = &pending->next;
-      continue;
-    }
-    *link = pending->next;
-    run_without_construct(pending);
-    free_pending_pragma(pending);
+  a_pending_pragma *waiting = take_list(&curr_token_pragmas);
+  a_pending_pragma *list = take_list(&immediate_pragmas);
+  while (list != nullptr) {
+    a_pending_pragma *next = list->next;
+    run_without_construct(list);
+    free_pending_pragma(list);
+    list = next;
   }
-  append_pending(&list, take_list(&curr_token_pragmas));
-  curr_token_pragmas = list;
+  if (curr_token_pragmas != nullptr) append_pending(&waiting, curr_token_pragmas);
+  curr_token_pragmas = waiting;
   update_initial_get_token_tests();
 }
 
@@ -417,6 +435,7 @@ namespace {
 
 // Moves the pragmas of a kind from one list to the end of another.
 void extract_kind(a_pending_pragma **from, a_pragma_kind kind, a_pending_pragma **to) {
+  a_pending_pragma **list = from;
   while (*from != nullptr) {
     a_pending_pragma *pending = *from;
     if (pending->description->kind != kind) {
@@ -427,6 +446,7 @@ void extract_kind(a_pending_pragma **from, a_pragma_kind kind, a_pending_pragma 
     pending->next = nullptr;
     append_pending(to, pending);
   }
+  forget_last(*list);
 }
 
 }  // namespace
@@ -633,6 +653,7 @@ void pragma_init() {
   file_pragmas.clear();
   pragma_kind_descriptions = nullptr;
   avail_pending_pragmas = nullptr;
+  immediate_pragmas = nullptr;
   std::memset(pragma_description_for_pragma_kind, 0, sizeof pragma_description_for_pragma_kind);
   a_pragma_kind_description **link = &pragma_kind_descriptions;
 #define REGISTERED_PRAGMA(name, condition, c_mode, c_handler, c_flags, c_severity, cpp_mode,    \

@@ -64,6 +64,7 @@ struct a_pragma_kind_description {
 
 struct a_pending_pragma {
   a_pending_pragma *next;
+  a_pending_pragma *last_of_list;  // of the first one: where the end is near; null: not known
   const a_pragma_kind_description *description;
   a_token_cache tokens;  // behind the name, to the end of the line
   a_source_position name_position;

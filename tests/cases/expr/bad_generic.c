@@ -61,7 +61,7 @@ void bad(int m) {
 //                    ^
 // expect: error #54 expected a ":"
   i = _Generic(1, int: );
-//                      ^
+//                     ^
 // expect: error #29 expected an expression
   i = _Generic(1, int: 1, );
 //                        ^
