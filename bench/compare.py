@@ -5,17 +5,26 @@ usage: compare.py QXPARSE compare FILE.c [ROUNDS] [OPTION ...]   time and memory
        compare.py QXPARSE preprocess FILE.c [ROUNDS] [OPTION ...] the same for preprocessing only
        compare.py QXPARSE series [ROUNDS]                        growth with each kind of thing
        compare.py QXPARSE preprocess_series [ROUNDS]             the same for preprocessing only
+       compare.py QXPARSE shapes MODE [NAME ...]                 growth with everything that can repeat
+       compare.py QXPARSE limits MODE [NAME ...]                 ten times as much in 2 GiB and 10 s
        compare.py QXPARSE start [ROUNDS]                         an empty file
 
 Compilers that are not installed are left out. Options go to every compiler (-I, -D).
+MODE is E, n or if; NAME is a name of shapes.py (all of them). Each shape grows until a run takes
+long enough to be measured, then twice by two; "grows" stands where the time (of the processor, so
+that other programs disturb little) or the memory became more than 2.6 times as much. A shape that
+ends in a message is done when it says so.
 """
 import os
+import resource
 import shutil
 import statistics
 import subprocess
 import sys
 import tempfile
 import time
+
+from shapes import SHAPES
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 OURS = ['--c11', '--abi=eabi', '--no_warnings']
@@ -117,6 +126,65 @@ def preprocess_series(qxparse, rounds, directory):
                lambda path: ['--c11', '--gcc', '--no_warnings', '-E', f'--pp_output_file={path}.i'])
 
 
+MODES = {'E': lambda path: ['-E', f'--pp_output_file={path}.out'], 'n': lambda path: ['-n'],
+         'if': lambda path: [f'--i_output_file={path}.out']}
+
+
+def run_shape(qxparse, mode, name, size, directory, memory=0):
+    """Seconds of the processor, peak memory in MB, status, the message that tells why."""
+    path = os.path.join(directory, name + '.c')
+    with open(path, 'w') as stream:
+        subprocess.run([sys.executable, os.path.join(HERE, 'generate.py'), name, str(size)], stdout=stream, check=True)
+
+    def prepare():
+        resource.setrlimit(resource.RLIMIT_CPU, (20, 25))
+        if memory:
+            resource.setrlimit(resource.RLIMIT_AS, (memory, memory))
+    with open(path + '.err', 'w+', errors='replace') as messages:
+        process = subprocess.Popen([qxparse, '--c11', '--gcc', '--abi=eabi', *MODES[mode](path), path],
+                                   stdout=subprocess.DEVNULL, stderr=messages, preexec_fn=prepare)
+        _, status, usage = os.wait4(process.pid, 0)
+        process.returncode = status
+        messages.seek(0)
+        text = messages.read(1 << 20)
+    for name in os.listdir(directory):
+        os.unlink(os.path.join(directory, name))
+    lines = [line for line in text.split('\n') if 'rror: ' in line or 'INTERNAL' in line]
+    return (usage.ru_utime + usage.ru_stime, usage.ru_maxrss / 1024, os.waitstatus_to_exitcode(status),
+            lines[0].replace(path, '')[:90] if lines else '')
+
+
+def measurable_size(qxparse, mode, name, directory):
+    size = 1000
+    while True:
+        run = run_shape(qxparse, mode, name, size, directory)
+        if run[0] >= 0.15 or size >= 256000 or run[2] not in (0, 2, 4):
+            return size, run
+        size *= 2 if run[0] > 0.06 else 4
+
+
+def shapes(qxparse, mode, names, directory):
+    for name in names:
+        size, run = measurable_size(qxparse, mode, name, directory)
+        row, grows = [(size, run)], False
+        while len(row) < 3 and row[-1][1][0] < 5:
+            size *= 2
+            before, run = row[-1][1], run_shape(qxparse, mode, name, size, directory)
+            row.append((size, run))
+            grows |= run[0] > 2.6 * max(before[0], 0.08) or run[1] > 2.6 * max(before[1], 30)
+        print(f'{"grows" if grows else "":6}{name:24}' +
+              '   '.join(f'{n}: {run[0] * 1000:6.0f} ms {run[1]:5.0f} MB' for n, run in row) +
+              (f'   status {run[2]}{run[3]}' if run[2] != 0 else ''), flush=True)
+
+
+def limits(qxparse, mode, names, directory):
+    for name in names:
+        size, _ = measurable_size(qxparse, mode, name, directory)
+        seconds, memory, status, message = run_shape(qxparse, mode, name, size * 10, directory, 2 << 30)
+        bad = status not in (0, 2, 4) or seconds > 10 or 'INTERNAL' in message
+        print(f'{"bad" if bad else "":6}{name:24}{size * 10:9} {seconds:6.2f} s {memory:5.0f} MB   status {status} {message}', flush=True)
+
+
 def start(qxparse, rounds, directory):
     path = os.path.join(directory, 'empty.c')
     open(path, 'w').close()
@@ -140,6 +208,8 @@ def main():
             preprocess_series(qxparse, int(rest[0]) if rest else 3, directory)
         elif form == 'series':
             series(qxparse, int(rest[0]) if rest else 3, directory)
+        elif form in ('shapes', 'limits') and rest and rest[0] in MODES:
+            (shapes if form == 'shapes' else limits)(qxparse, rest[0], rest[1:] or list(SHAPES), directory)
         elif form == 'start':
             start(qxparse, int(rest[0]) if rest else 50, directory)
         else:

@@ -2,13 +2,16 @@
 """Writes C programs for measurements; the same arguments give the same bytes.
 
 usage: generate.py mixed LINES | functions N | globals N | types N | macros N | strings N |
-       cases N | elements N | members N | constants N | labels N | names N
+       cases N | elements N | members N | constants N | labels N | names N | SHAPE N
 
 mixed is like a real program: records, tables, macros, functions of all sizes that call each other.
-The other forms grow one thing only, so that the cost of it can be seen.
+The other forms grow one thing only, so that the cost of it can be seen; SHAPE is a name of
+shapes.py, which has the rarer things.
 """
 import random
 import sys
+
+from shapes import SHAPES
 
 
 class Program:
@@ -188,6 +191,8 @@ def series(form, n):
         return lines + [f'l{i}: x++;' for i in range(n)] + ['}']
     if form == 'names':
         return [f'int some_module_register_{i:06}_with_a_long_end;' for i in range(n)]
+    if form in SHAPES:
+        return SHAPES[form](n)
     sys.exit(__doc__)
 
 
