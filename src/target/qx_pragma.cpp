@@ -84,9 +84,11 @@ bool scan_string_argument(const char **text) {
     pos_error(ec_bad_pragma_format, &pos_curr_token);
     return false;
   }
-  *text = alloc_il_text(const_for_curr_token.string_text, const_for_curr_token.string_length - 1);
+  const a_constant &literal = const_for_curr_token;
+  bool is_good = literal.kind == ck_string;  // its mistakes are reported
+  if (is_good) *text = alloc_il_text(literal.string_text, literal.string_length - 1);
   get_token();
-  return true;
+  return is_good;
 }
 
 bool finish_pragma_tokens() {

@@ -66,3 +66,9 @@ _Pragma("hdrstop")
 //      ^
 // expect: warning #1507 pragma RETAIN can only be applied to a function or object definition, not "type_name"
 typedef int type_name;
+#pragma CODE_SECTION(ext, "open)
+//                        ^
+// expect: error #8 missing closing quote
+#pragma CHECK_MISRA("open)
+//                  ^
+// expect: error #8 missing closing quote
