@@ -2,6 +2,7 @@
 #include "driver/switches.h"
 #include "il/il.h"
 #include "parser/expr_internal.h"
+#include "parser/format_check.h"
 #include "semantics/folding.h"
 #include "semantics/symbol_ref.h"
 #include "semantics/sys_predef.h"
@@ -134,6 +135,7 @@ void scan_function_call(an_operand *left, an_operand *result) {
       if (expr_error_should_be_issued()) pos_ty_error(ec_incomplete_type_not_allowed, &start, type);
       ok = false;
     } else {
+      if (routine != nullptr) check_format_of_call(routine, arguments.first);
       an_expr_node *callee = make_node_from_operand(left);
       callee->next = arguments.first;
       an_expr_node *call = make_operator_node(eok_call, type, callee);

@@ -27,6 +27,7 @@ a_type *void_type();
 a_type *unknown_type();
 a_type *integer_type(an_integer_kind kind);
 a_type *signed_integer_type(an_integer_kind kind);  // written with "signed"
+a_type *other_signedness_integer_type(const a_type *type);  // of the same size
 a_type *float_type(a_float_kind kind);
 a_type *complex_type(a_float_kind kind);
 a_type *imaginary_type(a_float_kind kind);

@@ -77,6 +77,17 @@ a_type *integer_type(an_integer_kind kind) {
   return slot;
 }
 
+a_type *other_signedness_integer_type(const a_type *type) {
+  an_integer_kind kind = skip_typerefs(type)->int_kind;
+  if (is_signed_integral_type(type))
+    return integer_type(static_cast<an_integer_kind>(unsigned_int_kind_of[kind]));
+  for (int other = ik_signed_char; other < ik_last; ++other)
+    if (other != kind && unsigned_int_kind_of[other] == kind &&
+        int_kind_is_signed[other] != int_kind_is_signed[kind])
+      return integer_type(static_cast<an_integer_kind>(other));
+  return integer_type(kind);
+}
+
 a_type *signed_integer_type(an_integer_kind kind) {
   check_invariant(kind < ik_last);
   a_type *&slot = table.signed_integers[kind];

@@ -63,6 +63,9 @@ extern bool ud_literal_is_string;
 // names of the current function count as string literals.
 a_token_kind concat_adjacent_string_literals(bool from_function_name);
 
+// The code unit of so many bytes at a place in the text of a literal.
+std::uint32_t load_string_unit(const char *text, int size);
+
 // Rebuilds a narrow literal as a wide one of the same length.
 void widen_string_literal(a_constant *constant);
 

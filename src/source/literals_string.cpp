@@ -10,6 +10,16 @@
 #include "source/literals_internal.h"
 #include "target/pragma.h"
 
+std::uint32_t load_string_unit(const char *text, int size) {
+  std::uint32_t unit = 0;
+  for (int i = 0; i < size; ++i) {
+    int place = targ_little_endian ? i : size - 1 - i;
+    unit |= static_cast<std::uint32_t>(static_cast<unsigned char>(text[place]))
+            << (i * targ_char_bit);
+  }
+  return unit;
+}
+
 namespace {
 
 constexpr std::size_t max_raw_delimiter_length = 16;
@@ -25,16 +35,6 @@ void store_unit(char *text, std::uint32_t unit, int size) {
     int place = targ_little_endian ? i : size - 1 - i;
     text[place] = static_cast<char>(unit >> (i * targ_char_bit));
   }
-}
-
-std::uint32_t load_unit(const char *text, int size) {
-  std::uint32_t unit = 0;
-  for (int i = 0; i < size; ++i) {
-    int place = targ_little_endian ? i : size - 1 - i;
-    unit |= static_cast<std::uint32_t>(static_cast<unsigned char>(text[place]))
-            << (i * targ_char_bit);
-  }
-  return unit;
 }
 
 // The text of a literal in the IL, its terminator included.
@@ -295,7 +295,7 @@ void append_literal(a_text_buffer *buffer, const a_constant *literal, int unit_s
   }
   for (std::size_t i = 0; i < count; ++i) {
     char unit[4];
-    store_unit(unit, load_unit(text + i * static_cast<std::size_t>(from_size), from_size),
+    store_unit(unit, load_string_unit(text + i * static_cast<std::size_t>(from_size), from_size),
                unit_size);
     add_to_text_buffer(buffer, unit, static_cast<std::size_t>(unit_size));
   }

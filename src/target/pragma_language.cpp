@@ -476,17 +476,19 @@ void record_arg_pragma(a_pending_pragma *pending, a_symbol *symbol, a_statement 
                    &pending->name_position);
     return;
   }
-  // The format is the last named parameter, the values follow it.
+  // The format is the last named parameter and the values follow it, or they come in a va_list
+  // behind the format.
   a_routine *routine = symbol->variant.routine;
+  const a_routine_type_supplement *type = skip_typerefs(routine->type)->routine_supplement;
   std::uint32_t count = 0;
-  for (a_param_type *p = skip_typerefs(routine->type)->routine_supplement->param_types;
-       p != nullptr; p = p->next)
+  for (const a_param_type *p = type->param_types; p != nullptr; p = p->next)
     ++count;
-  if (count == 0) return;
+  const std::uint32_t format_number = type->has_ellipsis || count == 0 ? count : count - 1;
+  if (format_number == 0) return;
   a_gnu_routine_supplement *supplement = alloc_gnu_supplement_for_routine(routine);
   supplement->format_kind = pending->description->kind == prk_printf_args ? 1 : 2;
-  supplement->format_string_index = count;
-  supplement->format_first_arg = count + 1;
+  supplement->format_string_index = format_number;
+  supplement->format_first_arg = type->has_ellipsis ? count + 1 : 0;
 }
 
 void instantiation_pragma(a_pending_pragma *pending, a_symbol *, a_statement *) {

@@ -19,6 +19,10 @@ void many();
 #pragma CHECK_PWA("none")
 #pragma RESET_PWA("all")
 void f(void) { print("%s", 1); scan("%d", 1.0); return;
+//                         ^
+// expect: warning #183 argument of type "int" does not fit conversion "%s" of the format, which takes "char *"
+//                                        ^
+// expect: warning #183 argument of type "double" does not fit conversion "%d" of the format, which takes "int *"
 #pragma NOTREACHED
  }
 #warn a word for it
