@@ -292,6 +292,9 @@ def sources_of(n, m):
     yield 'deep_if_skipped', '#if 0\n' + nest + '#endif\nint x;\n', ok
     yield 'deep_if_open', '#if 1\n' * n, bad
     yield 'elif_chain', '#if 0\n' + '#elif 0\n' * n + '#endif\nint x;\n', ok
+    yield 'skipped_comments_in_literal', '#if 0\n"' + '/*//' * m + '"\n#endif\nint x;\n', ok
+    yield 'skipped_separators', '#if 0\n1' + "'1" * m + ' /* */ ' * n + '\n#endif\nint x;\n', ok
+    yield 'lone_quotes', '#if 1\n' + 'a\'"' * m + '\n#endif\nint x;\n', bad
     for name, text in {'parens': '(' * n + '1' + ')' * n, 'open': '(' * n, 'unary': '!' * n + '1', 'minus': '- ' * n + '1',
                        'ternary': '1?' * n + '1' + ':0' * n, 'ternary2': '0?1:' * n + '1'}.items():
         yield 'if_' + name, f'#if {text}\n#endif\nint x;\n', any_end

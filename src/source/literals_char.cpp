@@ -566,8 +566,8 @@ a_token_kind scan_character(const char *start, int prefix) {
   bool ended_early = accum_quoted_string(&count, false, prefix, '\'', nullptr);
   const char *end = ended_early ? curr_char_loc : curr_char_loc + 1;
   if (ended_early && fetch_pp_tokens) {
-    // A lone quote, as in text that is only copied.
-    set_curr_token_text(start, start + length_of_encoding_prefix(prefix) + 1);
+    // A lone quote, as in text that is only copied, takes the rest of the line.
+    set_curr_token_text(start, end);
     err_code_for_error_token = ec_unclosed_string;
     return tok_error;
   }

@@ -373,7 +373,9 @@ void make_pcc_integer(a_host_large_integer value, bool is_decimal, int longs, bo
                       const char *loc) {
   an_integer_kind kind = ik_long_long;
   bool too_large = overflow;
-  if (longs == 0 && fits(value, is_decimal ? ik_int : ik_unsigned_int))
+  if (overflow)
+    ;  // what is left of the value says nothing: the greatest type
+  else if (longs == 0 && fits(value, is_decimal ? ik_int : ik_unsigned_int))
     kind = ik_int;
   else if (fits(value, ik_unsigned_long))
     kind = ik_long;

@@ -199,8 +199,8 @@ a_token_kind scan_string(const char *start, int prefix) {
     if (!continue_on_next_line()) break;
   }
   const char *end = ended_early ? curr_char_loc : curr_char_loc + 1;
-  if (ended_early && fetch_pp_tokens && !is_raw) {  // a lone quote
-    set_curr_token_text(start, start + length_of_encoding_prefix(prefix) + 1);
+  if (ended_early && fetch_pp_tokens && !is_raw) {  // a lone quote takes the rest of the line
+    set_curr_token_text(start, end);
     err_code_for_error_token = ec_unclosed_string;
     return tok_error;
   }

@@ -35,7 +35,8 @@ struct a_definition {
   std::uint32_t spacing;  // of the operators in the list
 };
 
-a_macro_text_buffer chunks;   // its chunk string
+a_macro_text_buffer chunks;  // its chunk string
+a_macro_text_buffer raw_string_text;
 std::size_t open_text_chunk;  // offset of the text chunk being filled
 bool text_chunk_is_open;
 
@@ -287,7 +288,7 @@ void put_literal_with_params(a_list_scan *scan, const char *start, const char *e
 
 // # or #@ in front of a parameter.
 bool scan_stringize(a_list_scan *scan, const char *end) {
-  bool charize = *end == '@' && !gnu_mode;
+  bool charize = *end == '@';
   const char *operator_loc = curr_char_loc;
   curr_char_loc = charize ? end + 1 : end;
   bool blank_in_front = scan->after_blank;
@@ -358,19 +359,14 @@ bool scan_list_token(a_list_scan *scan) {
     if (is_va_args(start, length) && variadic_macros_allowed)
       report_at(start, ec_VA_ARGS_not_allowed);
   }
-  if (raw_string) {  // its text up to the closing delimiter, as far as it stands on this line
-    const char *quote = end;
-    const char *paren = quote + 1;
-    while (*paren != '(' && *paren != '\0')
-      ++paren;
-    std::size_t delimiter = static_cast<std::size_t>(paren - quote - 1);
-    for (end = paren; *end != '\0'; ++end)
-      if (*end == ')' && std::strncmp(end + 1, quote + 1, delimiter) == 0 &&
-          end[delimiter + 1] == '"') {
-        end = end_of_suffix_behind_quote(end + delimiter + 2);
-        break;
-      }
-    length = static_cast<std::size_t>(end - start);
+  if (raw_string) {
+    put_gap(scan, false, *start);
+    put_text(start, length + 1);
+    raw_string_text.length = 0;
+    append_raw_string_text(&raw_string_text, end, curr_cmd_line_or_predef_macro_def == nullptr);
+    put_text(raw_string_text.text, raw_string_text.length);
+    scan->left = ln_text;
+    return true;
   }
   curr_char_loc = end;
   if (kind == ptk_literal && pcc_preprocessing_mode && d->num_params != 0) {

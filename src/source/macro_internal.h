@@ -60,6 +60,11 @@ struct a_macro_text_buffer {
   std::size_t length;
   std::size_t capacity;
 };
+
+// The raw string at curr_char_loc from behind its opening quote on, with what the file holds of its
+// trigraphs and splices; curr_char_loc moves behind it. Reads further lines when it may.
+void append_raw_string_text(a_macro_text_buffer *buffer, const char *quote, bool may_read_on);
+
 struct a_macro_arg {
   a_macro_arg *next;
   a_macro_text_buffer raw;       // as written, one blank for white space

@@ -233,3 +233,69 @@ const char *end_of_pp_token(const char *p, a_pp_text_kind *kind, bool *raw_strin
   *kind = c == '\0' ? ptk_end : ptk_punctuator;
   return c == '\0' ? p : end_of_punctuator(p);
 }
+
+// ---- Raw strings over lines ---------------------------------------------------------------------
+
+// What the file had in place of a trigraph or splice, for text inside a raw string.
+static bool put_back_original(a_macro_text_buffer *buffer, const an_orig_line_modif *modif) {
+  const char trigraph[] = {'?', '?', static_cast<char>(modif->value), '\0'};
+  const char *original = modif->kind == olm_trigraph          ? trigraph
+                         : modif->kind == olm_line_splice     ? "\\\n"
+                         : modif->kind == olm_trigraph_splice ? "?\?/\n"
+                                                              : nullptr;
+  if (original == nullptr) return false;
+  std::size_t length = std::strlen(original);
+  std::memcpy(grow_macro_text(buffer, length), original, length);
+  buffer->length += length;
+  return true;
+}
+
+void append_raw_string_text(a_macro_text_buffer *buffer, const char *quote, bool may_read_on) {
+  const char *p = quote + 1;
+  char delimiter[17];
+  std::size_t length = 0;
+  while (length < 16 && p[length] != '(' && p[length] != '\0') {
+    delimiter[length] = p[length];
+    ++length;
+  }
+  const an_orig_line_modif *modif = curr_text_modif != nullptr ? nullptr : orig_line_modif_list;
+  for (;;) {
+    while (modif != nullptr && modif->loc < p)
+      modif = modif->next;
+    if (modif != nullptr && modif->loc == p && put_back_original(buffer, modif)) {
+      if (modif->kind == olm_trigraph) ++p;
+      modif = modif->next;
+      continue;
+    }
+    if (*p == ')' && std::strncmp(p + 1, delimiter, length) == 0 && p[length + 1] == '"') {
+      curr_char_loc = end_of_suffix_behind_quote(p + length + 2);
+      length = static_cast<std::size_t>(curr_char_loc - p);
+      std::memcpy(grow_macro_text(buffer, length), p, length);
+      buffer->length += length;
+      break;
+    }
+    if (*p == '\0' && p[1] != tm_null_char) {
+      if (p[1] != tm_end_of_line || curr_text_modif != nullptr || !may_read_on) {
+        curr_char_loc = p;
+        break;
+      }
+      add_orig_line_modif(p, olm_newline, seq_number_last_read + 1);
+      modif = end_orig_line_modif_list;
+      char *line_end = const_cast<char *>(p);
+      line_end[0] = '\\';
+      line_end[1] = 'n';
+      curr_char_loc = p + 2;
+      if (read_logical_source_line(false, true)) {
+        line_end[2] = '\0';
+        line_end[3] = tm_end_of_buffer;
+        break;
+      }
+      *grow_macro_text(buffer, 1) = '\n';
+      ++buffer->length;
+      p += 2;
+      continue;
+    }
+    *grow_macro_text(buffer, 1) = *p++;
+    ++buffer->length;
+  }
+}

@@ -4,6 +4,8 @@
 
 #include <emmintrin.h>
 
+#include <string_view>
+
 #include "DIAG/error.h"
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
@@ -199,21 +201,48 @@ void pp_endif_directive() {
 
 // ---- Passing over lines ------------------------------------------------------------------------
 
-// Is p, in the line that starts at line, inside a literal?
-static bool is_inside_literal(const char *line, const char *p) {
-  char quote = '\0';
-  for (const char *q = line; q < p; ++q) {
-    if (quote == '\0') {
-      if (*q == '"' || *q == '\'') quote = *q;
-    } else if (*q == '\\') {
-      ++q;
-    } else if (*q == quote) {
-      quote = '\0';
-    } else if (*q == '\n') {  // behind a splice the literal goes on; otherwise this is a new line
-      if (q == line || q[-1] != '\\') quote = '\0';
+// What is known of a line that is passed over, up to one place of it: the literal that is open
+// there and the word or number that runs. Each byte is looked at once.
+struct a_line_scan {
+  const char *line;  // its start
+  const char *seen;
+  char quote;        // of the open literal; 0: none
+  const char *word;  // where the running word starts; null: none
+  bool word_is_number;
+};
+
+static void begin_line_scan(a_line_scan *scan, const char *line) {
+  *scan = {line, line, '\0', nullptr, false};
+}
+
+static void scan_line_up_to(a_line_scan *scan, const char *p) {
+  const char *q = scan->seen;
+  for (; q < p; ++q) {
+    if (scan->quote != '\0') {
+      if (*q == '\\')
+        ++q;
+      else if (*q == scan->quote)
+        scan->quote = '\0';
+    } else if (is_id_char[static_cast<int>(*q)]) {
+      if (scan->word == nullptr) {
+        scan->word = q;
+        scan->word_is_number = *q >= '0' && *q <= '9';
+      }
+    } else if (scan->word != nullptr && scan->word_is_number &&
+               (*q == '.' ||
+                (*q == '\'' && digit_separators_enabled && is_id_char[static_cast<int>(q[1])]))) {
+      continue;
+    } else {
+      scan->word = nullptr;
+      if (*q == '"' || *q == '\'') scan->quote = *q;
     }
   }
-  return quote != '\0';
+  scan->seen = q;
+}
+
+static bool is_inside_literal(a_line_scan *scan, const char *p) {
+  scan_line_up_to(scan, p);
+  return scan->quote != '\0';
 }
 
 static bool is_spliced_newline(const char *line, const char *newline) {
@@ -225,67 +254,127 @@ static bool is_spliced_newline(const char *line, const char *newline) {
   return trigraphs_allowed && last - line >= 3 && std::memcmp(last - 3, "?\?/", 3) == 0;
 }
 
+// Behind the line splices at p, which stay uncounted.
+static const char *behind_splices(const char *p) {
+  for (;;) {
+    const char *q = p;
+    if (*q == '\\')
+      ++q;
+    else if (trigraphs_allowed && std::memcmp(q, "?\?/", 3) == 0)
+      q += 3;
+    else
+      return p;
+    while (*q == '\r' || (gnu_mode && is_blank_char(*q)))
+      ++q;
+    if (*q != '\n' || q >= curr_file_end) return p;
+    p = q + 1;
+  }
+}
+
+static void count_lines_between(const char *start, const char *end) {
+  for (const char *p = start; p < end; ++p)
+    if (*p == '\n') count_physical_line();
+}
+
 // Behind the comment whose /* is passed, counting its lines.
 static const char *pass_comment(const char *p) {
   for (; p < curr_file_end; ++p) {
     if (*p == '\n') {
       count_physical_line();
     } else if (*p == '*') {
-      const char *q = p + 1;
-      if (*q == '/') return q + 1;
-      if (*q == '\\' && (q[1] == '\n' || q[1] == '\r')) {
-        q += q[1] == '\r' ? 3 : 2;
-        if (*q == '/') {
-          count_physical_line();
-          return q + 1;
-        }
-      }
+      const char *q = behind_splices(p + 1);
+      if (*q != '/') continue;
+      count_lines_between(p, q);
+      return q + 1;
     }
   }
   return curr_file_end;
 }
 
-// The next newline or slash at or behind p.
-static inline const char *next_newline_or_slash(const char *p) {
+// Behind the raw string whose opening quote stands at quote, counting its lines; null when the word
+// in front is no prefix of one or no delimiter follows.
+static const char *pass_raw_string(const a_line_scan *scan, const char *quote) {
+  if (scan->word == nullptr) return nullptr;
+  std::string_view prefix(scan->word, static_cast<std::size_t>(quote - scan->word));
+  if (prefix != "R" && prefix != "LR" && prefix != "uR" && prefix != "UR" && prefix != "u8R")
+    return nullptr;
+  const char *paren = quote + 1;
+  while (paren - quote <= 16 && is_raw_string_delimiter_char[static_cast<int>(*paren)])
+    ++paren;
+  if (*paren != '(') return nullptr;
+  std::size_t length = static_cast<std::size_t>(paren - quote - 1);
+  const char *p = paren + 1;
+  for (; p < curr_file_end; ++p) {
+    if (*p != ')' || std::memcmp(p + 1, quote + 1, length) != 0 || p[length + 1] != '"') continue;
+    p += length + 2;
+    break;
+  }
+  count_lines_between(quote, p);
+  return p;
+}
+
+// The next newline, slash or stop at or behind p.
+static inline const char *next_stop(const char *p, char stop) {
   const __m128i newline = _mm_set1_epi8('\n');
   const __m128i slash = _mm_set1_epi8('/');
+  const __m128i other = _mm_set1_epi8(stop);
   for (;; p += 16) {
     __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i *>(p));
-    unsigned mask = static_cast<unsigned>(_mm_movemask_epi8(
-        _mm_or_si128(_mm_cmpeq_epi8(block, newline), _mm_cmpeq_epi8(block, slash))));
+    __m128i found = _mm_or_si128(_mm_cmpeq_epi8(block, newline), _mm_cmpeq_epi8(block, slash));
+    unsigned mask =
+        static_cast<unsigned>(_mm_movemask_epi8(_mm_or_si128(found, _mm_cmpeq_epi8(block, other))));
     if (mask != 0) return p + __builtin_ctz(mask);
   }
 }
 
-// Behind the logical line that starts at line, with the comments in it.
+// Behind the end-of-line comment at p, with its line.
+static const char *pass_line_comment(const char *line, const char *p) {
+  for (; *p != '\n' || (p < curr_file_end && is_spliced_newline(line, p)); ++p)
+    if (*p == '\n') count_physical_line();
+  count_physical_line();
+  return p >= curr_file_end ? curr_file_end : p + 1;
+}
+
+// Behind the logical line that starts at line, with the comments and raw strings in it.
 static const char *pass_logical_line(const char *line) {
+  a_line_scan scan;
+  begin_line_scan(&scan, line);
+  const char stop = raw_string_literals_enabled ? '"' : '\n';
   const char *p = line;
   for (;;) {
-    p = next_newline_or_slash(p);
+    p = next_stop(p, stop);
     if (p >= curr_file_end) {
       count_physical_line();
       return curr_file_end;
     }
+    const char *behind = nullptr;  // of a comment or raw string
     if (*p == '\n') {
       count_physical_line();
       ++p;
-      if (!is_spliced_newline(line, p - 1) || p == curr_file_end) return p;
-    } else if (p[1] == '*' && !is_inside_literal(line, p)) {
-      p = line = pass_comment(p + 2);
-      if (p == curr_file_end) {
-        if (p[-1] != '\n') count_physical_line();
-        return p;
-      }
-    } else if (p[1] == '/' && end_of_line_comments_allowed && !is_inside_literal(line, p)) {
-      // Only its end matters.
-      for (p += 2; *p != '\n' || (p < curr_file_end && is_spliced_newline(line, p)); ++p)
-        if (*p == '\n') count_physical_line();
-      if (p >= curr_file_end) {
-        count_physical_line();
-        return curr_file_end;
-      }
+      if (!is_spliced_newline(scan.line, p - 1) || p == curr_file_end) return p;
+      continue;
+    }
+    if (*p == '"') {
+      if (p != line && p[-1] == 'R' && !is_inside_literal(&scan, p))
+        behind = pass_raw_string(&scan, p);
     } else {
+      const char *second = behind_splices(p + 1);
+      bool may_be_comment = *second == '*' || (*second == '/' && end_of_line_comments_allowed);
+      if (may_be_comment && !is_inside_literal(&scan, p)) {
+        count_lines_between(p, second);
+        if (*second == '/') return pass_line_comment(scan.line, second + 1);
+        behind = pass_comment(second + 1);
+      }
+    }
+    if (behind == nullptr) {
       ++p;
+      continue;
+    }
+    p = behind;
+    begin_line_scan(&scan, p);
+    if (p == curr_file_end) {
+      if (p[-1] != '\n') count_physical_line();
+      return p;
     }
   }
 }
@@ -308,11 +397,6 @@ static bool may_start_directive(const char *p) {
       return true;  // a splice may stand in front of it
     case '\0':
       return true;
-    case 'R':
-    case 'L':
-    case 'u':
-    case 'U':
-      return false;
     default:
       return false;
   }

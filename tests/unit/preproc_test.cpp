@@ -341,7 +341,7 @@ TEST_F(Preproc, BytesThatAreNoText) {
   null_chars_allowed_in_source = false;
   EXPECT_EQ(tokens("a\fb\vc\rd\n \f # \v define e32 \t 1\ne32\n"), "a b c d 1");
   // What is only copied is not judged.
-  EXPECT_EQ(tokens("\"\xFF\" 'it\n#if 0\n\xC3\x28 it's\n#endif\n// \xFE\n"), "\"\xFF\" ' it");
+  EXPECT_EQ(tokens("\"\xFF\" 'it\n#if 0\n\xC3\x28 it's\n#endif\n// \xFE\n"), "\"\xFF\" 'it");
 }
 
 // ---- Depth

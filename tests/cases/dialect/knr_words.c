@@ -21,3 +21,6 @@ int assign(p, i) int *p; { p = i; return p; }
 /* expect: warning #515 a value of type "int" cannot be assigned to an entity of type "int *" */
 /*                                       ^ */
 /* expect: warning #121 return value type "int *" does not match the function type "int" */
+int too_large[sizeof 18446744073709551617 == 8 ? 1 : -1];
+/*                   ^ */
+/* expect: warning #23 integer constant is too large */

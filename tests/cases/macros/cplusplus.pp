@@ -77,3 +77,35 @@ prefix raw raw"x" prefix"y" LR"z"
 f(1) g("a"_k) g(R"(x)"_k) g("x" m) h(1) h("y") g("a"fn(1)) "b"fn(2)
 --- gives
 'c'q "s"q R"(r)"q 12q L"w"q "1" u8"x"q ["a"_k] [R"(x)"_k] ["x" macro] 1""s "y" ""s ["a" call 1] "b" call 2
+=== raw-strings-in-skipped-text --c++14 --g++
+#if 0
+R"(
+#endif
+)" uR"x(
+#endif )"
+)x"
+int x = 1'000; /*
+#endif
+*/ 0x1'f "a" /\
+* c
+#endif
+*\
+/ 'R"('
+#else
+end
+#endif
+--- gives
+end
+=== raw-strings-and-quotes-to-the-end-of-the-line --c++14 --g++
+#define M R"(multi
+line)" tail
+M
+it's /* no comment
+"nor // this
+after
+--- gives alone
+R"(multi
+line)" tail
+it's /* no comment
+"nor // this
+after

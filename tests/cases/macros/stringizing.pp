@@ -94,3 +94,8 @@ id("a) z") s("a)")
 it's x
 "a'b" y
 "a) z" "\"a)\""
+=== character-form
+#define c(x) #@x
+c(a) c(a b) c("q") c('q') c()
+--- gives alone
+'a' 'a b' '"q"' '\'q\'' ''
