@@ -53,6 +53,18 @@ struct a_member {
 
 // ---- Bit-fields --------------------------------------------------------------------------------
 
+// With the option for unsigned bit-fields a type that is signed only because nothing says
+// otherwise, as it stands or through a typedef, is the unsigned one.
+a_type *type_of_plain_bit_field(a_type *type) {
+  const a_type *bottom = skip_typerefs(type);
+  bool plain = !bottom->is_enum && !bottom->is_bool && !bottom->explicit_signed &&
+               is_signed_integral_type(type);
+  if (!targ_plain_int_bit_field_is_unsigned || !plain) return type;
+  return make_qualified_type(
+      integer_type(static_cast<an_integer_kind>(unsigned_int_kind_of[bottom->int_kind])),
+      get_type_qualifiers(type));
+}
+
 // The type of a bit-field; reports and gives int where it cannot be one.
 a_type *check_bit_field_type(const a_member &member, a_type *type) {
   if (is_error_type(type)) return integer_type(ik_int);
@@ -65,7 +77,7 @@ a_type *check_bit_field_type(const a_member &member, a_type *type) {
                   (bottom->is_bool && std_version >= 199901);
   if (!in_cplusplus() && strict_ansi_mode && (!standard || bottom->is_enum))
     pos_diagnostic(strict_ansi_error_severity, ec_nonstd_bit_field_type, &member.position);
-  return type;
+  return type_of_plain_bit_field(type);
 }
 
 unsigned bits_of_type(const a_type *type) {
