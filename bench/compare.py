@@ -141,7 +141,7 @@ def run_shape(qxparse, mode, name, size, directory, memory=0):
         if memory:
             resource.setrlimit(resource.RLIMIT_AS, (memory, memory))
     with open(path + '.err', 'w+', errors='replace') as messages:
-        process = subprocess.Popen([qxparse, '--c11', '--gcc', '--abi=eabi', *MODES[mode](path), path],
+        process = subprocess.Popen([qxparse, '--c11', '--gcc', '--abi=eabi', '--error_limit=100000000', *MODES[mode](path), path],
                                    stdout=subprocess.DEVNULL, stderr=messages, preexec_fn=prepare)
         _, status, usage = os.wait4(process.pid, 0)
         process.returncode = status
