@@ -57,6 +57,7 @@ constexpr unsigned plain = bit(length_none);
 constexpr unsigned wide_too = plain | bit(length_l);
 constexpr unsigned any_float = wide_too | bit(length_big_l);
 constexpr unsigned any_integer = (1U << (length_t + 1)) - 1;
+constexpr unsigned any_count = any_integer & ~bit(length_big_l);
 
 struct a_conversion_row {
   const char *letters;
@@ -76,7 +77,7 @@ constexpr a_conversion_row printf_rows[] = {
     {"s", "-wp", wide_too, value_text},
     {"S", "-wp", plain, value_text},
     {"p", "-w", plain, value_pointer},
-    {"n", "", any_integer, value_count},
+    {"n", "", any_count, value_count},
     {"m", "-wp", plain, value_none},
 };
 
@@ -87,7 +88,7 @@ constexpr a_conversion_row scanf_rows[] = {
     {"cs[", "*mw", wide_too, value_text},
     {"CS", "*mw", plain, value_text},
     {"p", "*w", plain, value_pointer},
-    {"n", "", any_integer, value_count},
+    {"n", "", any_count, value_count},
 };
 
 // One conversion as it is written.

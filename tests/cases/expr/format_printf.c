@@ -134,6 +134,9 @@ void wrong(int i, unsigned u, long l, long long ll, double d, long double ld, ch
   print("%hf", d);
 //      ^
 // expect: warning #228 "%hf" is not a valid conversion of this format
+  print("%Ln", &ll);
+//      ^
+// expect: warning #228 "%Ln" is not a valid conversion of this format
   print("%+x", i);
 //      ^
 // expect: warning #228 "%+x" is not a valid conversion of this format
