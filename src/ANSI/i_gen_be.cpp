@@ -145,6 +145,7 @@ void back_end() {
   reset_type_cache();
   reset_symbols();
   reset_hooks();
+  reset_checks();
   current_psn = PSN();
   set_current_psn(make_source_position(1, 1));
   if (trans_unit_name == nullptr) trans_unit_name = primary_source_file_name;

@@ -53,6 +53,17 @@ void write_pragmas_of(const void *entity, a_pragma_placement placement);
 void write_scope_pragmas(const a_scope *scope);
 void reset_symbols();
 
+// ---- Checks (i_gen_checks.cpp) -----------------------------------------------------------------
+
+// Reports what speaks against an own pragma of an entity; false: the symbol does without it.
+// variable is null for a routine.
+bool keeps_pragma(const SYMTAB *symbol, const PRAGMA *pragma,
+                  const a_source_correspondence *entity, const a_variable *variable);
+// Marks the file whose code cannot be kept for the linker; with --embed_icode a remark says why.
+void note_weak_function(const SYMTAB *symbol);
+void note_inline_assembly();
+void reset_checks();
+
 // ---- Routines and statements (i_gen_routines.cpp, i_gen_statements.cpp) ------------------------
 
 void generate_routine(a_routine *routine);

@@ -329,6 +329,8 @@ void generate_statement(a_statement *statement) {
       generate_dynamic_init(statement->init);
       break;
     case stmk_asm:
+      error_position = statement->position;
+      note_inline_assembly();
       i_file->if_write_assembly(statement->asm_entry->asm_text->string_text, &current_psn);
       break;
     case stmk_decl:

@@ -57,11 +57,13 @@ void add_section(SYMTAB *symbol, const char *text, const a_section_specification
   if (name != nullptr) add_pragma(symbol, kind, {name});
 }
 
-void add_own_pragmas(SYMTAB *symbol, const a_source_correspondence *entity) {
+void add_own_pragmas(SYMTAB *symbol, const a_source_correspondence *entity,
+                     const a_variable *variable) {
   auto found = pragmas_of_entity.find(entity);
   if (found == pragmas_of_entity.end()) return;
   for (const a_pragma *pragma : found->second) {
     if (pragma->pragma == nullptr || pragma->placement != ppl_on_symbol) continue;
+    if (!keeps_pragma(symbol, pragma->pragma, entity, variable)) continue;
     add_pragma(symbol, static_cast<a_file_pragma_kind>(pragma->pragma->kind),
                pragma->pragma->texts);
   }
@@ -130,7 +132,7 @@ void add_routine_pragmas(SYMTAB *symbol, a_routine *routine) {
     add_pragma(symbol, fpk_FUNC_IS_NAKED);
     add_pragma(symbol, fpk_FUNC_CANNOT_INLINE);
   }
-  add_own_pragmas(symbol, routine);
+  add_own_pragmas(symbol, routine, nullptr);
   if (is_comdat_routine(routine))
     add_pragma(symbol, fpk_COMDAT_GROUP,
                {routine->comdat_group_name != nullptr ? routine->comdat_group_name : symbol->name});
@@ -268,6 +270,8 @@ SYMTAB *symbol_of_routine(a_routine *routine) {
   TRG_func_transform(routine, symbol);
   add_routine_pragmas(symbol, routine);
   symbol->retention = retention_of_routine(routine, symbol);
+  error_position = routine->decl_position;
+  note_weak_function(symbol);
   return symbol;
 }
 
@@ -288,12 +292,7 @@ SYMTAB *symbol_of_variable(a_variable *variable) {
   add_section(symbol, variable->section_name_text, variable->section_specification,
               fpk_DATA_SECTION);
   if (variable->is_weak) add_pragma(symbol, fpk_QX_WEAK);
-  add_own_pragmas(symbol, variable);
-  if (variable->is_noinit) add_pragma(symbol, fpk_NOINIT);
-  if (variable->is_persistent) add_pragma(symbol, fpk_PERSISTENT);
-  if (variable->has_location)
-    add_pragma(symbol, fpk_LOCATION,
-               {formed_name("%s%u", "", static_cast<unsigned>(variable->location_address))});
+  add_own_pragmas(symbol, variable, variable);
   if (variable->is_thread_local) add_pragma(symbol, fpk_THREAD_LOCAL);
   if (variable->comdat_group_name != nullptr)
     add_pragma(symbol, fpk_COMDAT_GROUP, {external_form(variable->comdat_group_name)});

@@ -90,9 +90,6 @@ struct a_variable : a_source_correspondence {
   bool has_asm_name : 1;   // unmangled_name holds the name of the source
   bool never_removed : 1;  // used, retain
   bool is_common : 1;
-  bool is_noinit : 1;
-  bool is_persistent : 1;
-  bool has_location : 1;
   bool is_captured : 1;
   bool is_virtual_table : 1;
   bool is_typeinfo : 1;
@@ -111,7 +108,6 @@ struct a_variable : a_source_correspondence {
   const char *section_name_text;
   const char *asm_name;  // __asm__("name") of the declaration
   a_section_specification *section_specification;
-  std::uint64_t location_address;  // has_location
   a_routine *instance_of_routine;
   a_source_range init_range;
   an_il_entity_list_entry *attributes_of_definition;
