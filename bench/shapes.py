@@ -311,7 +311,7 @@ def literal_escapes(n):
 
 
 def literal_wide(n):
-    return ['const unsigned s[] =', *(f'L"text {i}"' for i in range(n)), ';']
+    return ['const unsigned short s[] =', *(f'L"text {i}"' for i in range(n)), ';']
 
 
 def identifier_long(n):
