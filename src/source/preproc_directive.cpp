@@ -6,8 +6,8 @@
 #include "driver/mem_manage.h"
 #include "driver/switches.h"
 #include "il/src_seq.h"
-#include "semantics/symbol_tbl.h"
 #include "semantics/scope_stk.h"
+#include "semantics/symbol_tbl.h"
 #include "source/input_stack_internal.h"
 #include "source/macro_internal.h"
 #include "source/pp_output.h"
@@ -78,6 +78,18 @@ static bool is_line_end(const char *p) {
   return p[0] == '\0' && (p[1] == tm_end_of_line || p[1] == tm_end_of_buffer);
 }
 
+// A raw string in a skipped group may run over lines too. False when no delimiter is at the quote.
+static bool pass_raw_string_in_line(const char *quote) {
+  static a_macro_text_buffer text;
+  const char *paren = quote + 1;
+  while (paren - quote <= 16 && is_raw_string_delimiter_char[static_cast<int>(*paren)])
+    ++paren;
+  if (*paren != '(') return false;
+  text.length = 0;
+  append_raw_string_text(&text, quote, true);
+  return true;
+}
+
 void drop_rest_of_line() {
   // A comment that begins here may run over lines.
   if (curr_text_modif == nullptr || inserted_text_depth == 0) {
@@ -87,7 +99,9 @@ void drop_rest_of_line() {
     }
     const char *p = curr_char_loc;
     std::size_t length = static_cast<std::size_t>(end_of_curr_source_line - p);
-    if (p <= end_of_curr_source_line && std::memchr(p, '/', length) == nullptr) {
+    bool may_run_on = p > end_of_curr_source_line || std::memchr(p, '/', length) != nullptr ||
+                      (raw_string_literals_enabled && std::memchr(p, '"', length) != nullptr);
+    if (!may_run_on) {
       curr_char_loc = end_of_curr_source_line;
       return;
     }
@@ -102,7 +116,9 @@ void drop_rest_of_line() {
     }
     a_pp_text_kind kind;
     const char *start = curr_char_loc;
-    curr_char_loc = end_of_pp_token(start, &kind, nullptr);
+    bool raw_string;
+    curr_char_loc = end_of_pp_token(start, &kind, &raw_string);
+    if (raw_string && currently_in_pp_if_skip && pass_raw_string_in_line(curr_char_loc)) continue;
     if (kind == ptk_punctuator && (*start == '"' || *start == '\''))  // not closed on this line
       while (!is_line_end(curr_char_loc))
         ++curr_char_loc;

@@ -96,6 +96,19 @@ end
 #endif
 --- gives
 end
+=== raw-strings-behind-comments-in-skipped-text --c++14 --g++
+#if 0
+/* c */ R"(
+#endif
+)" /* d */
+#define X R"x(
+#endif
+)x"
+#else
+end
+#endif
+--- gives alone
+end
 === raw-strings-and-quotes-to-the-end-of-the-line --c++14 --g++
 #define M R"(multi
 line)" tail
