@@ -14,6 +14,13 @@ namespace {
 
 std::vector<TYPE *> translations;  // by lowered_number of the type
 
+// Null: none was made yet. A class that was incomplete when it was met may be complete now only in
+// a later unit; within the generator the types no longer change.
+TYPE *known_translation(const a_type *type) {
+  return type->lowered_number >= 0 ? translations[static_cast<std::size_t>(type->lowered_number)]
+                                   : nullptr;
+}
+
 TYPE *remember(a_type *type, TYPE *translation) {
   if (type->lowered_number < 0) {
     type->lowered_number = static_cast<std::int32_t>(translations.size());
@@ -150,6 +157,8 @@ TYPE *translate_typeref(a_type *type) {
   if ((type->qualifiers & tq_restrict) != 0) bits |= TYPE::RESTRICT_QUAL;
   if (bits != 0) target = type_pkg->mk_qual(target, bits);
   if (type->name == nullptr) return target;
+  // The class may have met this typedef of itself among its members.
+  if (TYPE *known = known_translation(type)) return known;
   std::uint32_t alignment = type->explicit_alignment ? type->alignment * 8 : target->alignment;
   return type_pkg->mk_typedef(sym_name(type), in_cplusplus(), target, target->size, alignment,
                               false, make_psn(type->decl_position));
@@ -186,13 +195,11 @@ TYPE *translate(a_type *type) {
 }  // namespace
 
 TYPE *tp_type(a_type *type) {
-  if (type->lowered_number >= 0) {
-    TYPE *known = translations[static_cast<std::size_t>(type->lowered_number)];
-    // A class that was incomplete when it was met may be complete now only in a later unit; within
-    // the generator the types no longer change.
-    if (known != nullptr) return known;
-  }
-  return remember(type, translate(type));
+  if (TYPE *known = known_translation(type)) return known;
+  TYPE *translation = translate(type);
+  // That of a typedef may have been made meanwhile.
+  if (TYPE *known = known_translation(type)) return known;
+  return remember(type, translation);
 }
 
 const PSN *make_psn(const a_source_position &position) {

@@ -70,6 +70,7 @@ a_symbol *decl_typedef(a_symbol_locator *locator, a_decl_parse_state *state, a_t
   named->size = type->size;
   named->alignment = type->alignment;
   a_symbol *symbol = enter_typedef_symbol(named, locator, decl_scope_level, 0);
+  set_source_corresp_with_scope_depth(named, symbol, decl_scope_level);
   add_to_types_list(named, decl_scope_level);
   name_unnamed_tag(type, locator);
   record_symbol_declaration(dk_definition, symbol, &locator->position, named);

@@ -24,7 +24,7 @@ void chains(t90 last, t30 early, int x) {
   *last = x;
   int *plain = &last;
 //             ^
-// expect: warning #145 a value of type "int *const volatile *" cannot be used to initialize an entity of type "int *"
+// expect: warning #145 a value of type "t90 *" cannot be used to initialize an entity of type "int *"
   int is_volatile = _Generic(&last, int *const volatile *: 1);
   int is_not = _Generic(&early, int *const *: 1);
   int picked = _Generic(x, default: last, int: _Generic(last, char: 2, default: undeclared, int *: 1));

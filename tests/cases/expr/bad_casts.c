@@ -39,11 +39,11 @@ void casts(void) {
 // expect: error #120 cast to type "struct Open" is not allowed
   u = (union U)s;
   (A)p;
-// expect: error #120 cast to type "int [3]" is not allowed
+// expect: error #120 cast to type "A" is not allowed
   (A)arr;
-// expect: error #120 cast to type "int [3]" is not allowed
+// expect: error #120 cast to type "A" is not allowed
   (F)fn;
-// expect: error #120 cast to type "int (int)" is not allowed
+// expect: error #120 cast to type "F" is not allowed
   (F *)fn;
 // expect: warning #176 expression has no effect
   (F *)p;
