@@ -87,6 +87,9 @@ a_constant *scan_unbraced_array(an_init_walk &walk, a_type **type) {
 }
 
 a_constant *scan_unbraced_class(an_init_walk &walk, a_type **type) {
+  // A string is no value of a class, but its first member may be an array that takes the string.
+  if (walk.depth != 0 && !walk.has_pending && at_whole_string())
+    return scan_aggregate(walk, type, bform_elided);
   fetch_operand(walk);
   a_constant *literal = take_pending_literal(walk, *type);
   if (literal != nullptr) return literal;

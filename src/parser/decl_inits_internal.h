@@ -53,7 +53,9 @@ void drop_pending(an_init_walk &walk);  // if there is one
 a_constant *scan_scalar_value(an_init_walk &walk, a_type *type);
 // { value }
 a_constant *scan_braced_scalar(an_init_walk &walk, a_type *type);
-// A string literal for a character array stands here, perhaps in parentheses.
+// A string literal that is the whole value stands here, perhaps in parentheses; for an array of
+// characters of this type.
+bool at_whole_string();
 bool at_string_for(const a_type *type);
 a_constant *scan_string_initializer(an_init_walk &walk, a_type **type);
 a_constant *make_error_value(an_init_walk &walk);

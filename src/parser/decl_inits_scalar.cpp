@@ -179,10 +179,8 @@ a_constant *scan_braced_scalar(an_init_walk &walk, a_type *type) {
 // ---- Strings -----------------------------------------------------------------------------------
 
 // "text"    ("text")    and nothing more that would make it an operand
-bool at_string_for(const a_type *type) {
-  a_string_char_kind kind;
+bool at_whole_string() {
   if (curr_token == tok_lparen && next_token() == tok_string_literal) {
-    if (!may_be_string_type(type, &kind)) return false;
     a_token_cache cache;
     clear_token_cache(&cache, false);
     cache_curr_token(&cache);
@@ -191,10 +189,15 @@ bool at_string_for(const a_type *type) {
     rescan_cached_tokens(&cache);
     return answer;
   }
-  if (curr_token != tok_string_literal || !may_be_string_type(type, &kind)) return false;
+  if (curr_token != tok_string_literal) return false;
   a_token_kind next = next_token();
   return next == tok_comma || next == tok_rbrace || next == tok_semicolon || next == tok_rparen ||
          next == tok_attribute;
+}
+
+bool at_string_for(const a_type *type) {
+  a_string_char_kind kind;
+  return may_be_string_type(type, &kind) && at_whole_string();
 }
 
 namespace {

@@ -422,6 +422,28 @@ void conv_function_designator_to_ptr_to_function(an_operand *operand) {
   operand->not_integral_constant = true;
 }
 
+namespace {
+
+// "text"[2]   *"text"   As other compilers have it, a constant for an initializer, but no part of
+// an integral constant expression.
+bool take_element_of_string_literal(an_operand *operand) {
+  if (in_cplusplus() || operand->kind != ok_expression || is_volatile_type(operand->type) ||
+      (expr_stack != nullptr && expr_stack->expr_kind <= ek_integral_constant))
+    return false;
+  const an_expr_node *node = operand->expr;
+  if (node->kind != enk_operation || node->op != eok_indirect ||
+      node->operands->kind != enk_constant)
+    return false;
+  a_constant element;
+  if (!fold_element_of_string_literal(node->operands->constant,
+                                      make_unqualified_type(operand->type), &element))
+    return false;
+  make_constant_operand(&element, operand);
+  return true;
+}
+
+}  // namespace
+
 void conv_glvalue_to_prvalue(an_operand *operand) {
   an_operand saved = *operand;
   change_ref_kinds(operand, ref_read);
@@ -433,6 +455,11 @@ void conv_glvalue_to_prvalue(an_operand *operand) {
   }
   if (operand->kind == ok_constant) {  // a string as a whole: only an initializer takes it
     operand->value_category = vc_prvalue;
+    return;
+  }
+  if (take_element_of_string_literal(operand)) {
+    restore_operand_details(operand, &saved);
+    operand->not_integral_constant = true;
     return;
   }
   make_expression_operand(rvalue_expr_for_lvalue(operand->expr), operand);

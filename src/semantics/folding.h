@@ -92,6 +92,8 @@ bool expr_is_pointer_to_string_literal(const an_expr_node *expr, a_constant **st
 // not an address.
 bool fold_field_selection(const a_constant *object_address, a_field *field, a_type *pointer_type,
                           a_constant *result);
+// The character that an address in a string literal points to. False: not such an address.
+bool fold_element_of_string_literal(const a_constant *address, a_type *type, a_constant *result);
 void do_pdiff(const a_constant *left, const a_constant *right, a_constant *result,
               bool *not_constant, an_error_code *code, int *severity);
 

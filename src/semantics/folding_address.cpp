@@ -96,6 +96,26 @@ bool fold_field_selection(const a_constant *object_address, a_field *field, a_ty
   return true;
 }
 
+bool fold_element_of_string_literal(const a_constant *address, a_type *type, a_constant *result) {
+  if (address->kind != ck_address || address->address_kind != abk_constant) return false;
+  const a_constant *string = address->address_constant;
+  const a_type *element = skip_typerefs(type);
+  if (string->kind != ck_string || element->kind != tk_integer) return false;
+  const a_type *unit = skip_typerefs(string_literal_element_type(string->string_char_kind));
+  std::int64_t size = static_cast<std::int64_t>(element->size), offset = address->address_offset;
+  std::int64_t length = static_cast<std::int64_t>(string->string_length);
+  if (element->size != unit->size || offset < 0 || offset % size != 0 || offset > length - size)
+    return false;
+  a_host_large_integer value = 0;
+  for (std::int64_t i = 0; i < size; ++i) {
+    std::int64_t place = targ_little_endian ? size - 1 - i : i;
+    value =
+        value << targ_char_bit | static_cast<unsigned char>(string->string_text[offset + place]);
+  }
+  set_integer_constant_of_type(result, static_cast<std::int64_t>(value), type);
+  return true;
+}
+
 // ---- Bases -------------------------------------------------------------------------------------
 
 namespace {

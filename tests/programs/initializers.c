@@ -132,6 +132,12 @@ back : {
   return total;
 }
 
+/* Strings that reach an array of characters through classes without braces, and single characters of strings. */
+static struct { char s[4]; } elided[] = { "ab", { "cd" }, ("ef"), [0].s[3] = 'd' };
+static struct { struct { char s[2]; } m; int k; } deeper[] = { [1] = "gg", 5, [0].m = "hh", 7 };
+static struct { const char *p; char s[3]; } beside[] = { "ij", "kl", "mn"[0] ? "op" : "", "qr" };
+static int letters[] = { "ab"[1], 0["ab"], 0["c"], "\377"[0], u"\xfedc"[0], "ab"[2] };
+
 int main(void) {
   int i;
   printf("%d %d\n", zero, one);
@@ -159,5 +165,9 @@ int main(void) {
   printf("%d %d %d %d %d\n", points[0]->x, points[1]->y, points[2]->x, literal[1], flexible.items[2]);
   locals(3, 4), locals(1, -2);
   printf("%d\n", again());
+  for (i = 0; i < 2; i++)
+    printf("%s %.2s %d %s %s ", elided[i].s, deeper[i].m.s, deeper[i].k, beside[i].p, beside[i].s);
+  printf("%s %d %c\n", elided[2].s, elided[0].s[3], "xyz"[i]);
+  show_ints("letters", letters, COUNT(letters));
   return 0;
 }
