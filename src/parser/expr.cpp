@@ -287,7 +287,7 @@ an_expr_node *scan_unwanted_return_expression() {
 // ---- Constant expressions ----------------------------------------------------------------------
 
 void scan_integral_constant_expression(a_constant *constant) {
-  a_full_expression context(ek_constant);
+  a_full_expression context(ek_integral_constant);
   an_operand operand;
   scan_expr_at_level(&operand, level_assignment);
   extract_integral_constant(&operand, constant);
@@ -324,7 +324,7 @@ void scan_nonconstant_dimension_expression(int flags, an_expr_node **node, a_con
 }
 
 a_constant *scan_case_label_constant(a_type *, a_type *promoted_type) {
-  a_full_expression context(ek_constant);
+  a_full_expression context(ek_integral_constant);
   an_operand operand;
   scan_expr_at_level(&operand, level_assignment);
   a_constant constant;

@@ -44,8 +44,6 @@ int b7 = f(
 #endif
 );
 int b8 = f("a)" ")"[0]);
-//       ^
-// expect: error #28 expression must have a constant value
 int b9 = f(')');
 int c2 = f({1});
 int c3 = f(/* ) */ 1 // )
