@@ -5,7 +5,8 @@
 //   struct s *p;          finds s in any enclosing scope, or declares it
 //
 // In C a struct body is no scope for tags: they are declared in the scope around it. The tags of a
-// prototype belong to the prototype (unless func_prototype_tags_enabled), with a warning.
+// prototype belong to the prototype, with a warning in C; without func_prototype_tags_enabled only
+// those that are defined there.
 #include "DIAG/error.h"
 #include "driver/switches.h"
 #include "il/il.h"
@@ -36,7 +37,7 @@ const char *tag_keyword(std::uint8_t symbol_kind, bool is_class_keyword) {
 
 int depth_for_new_tag(const a_tag_scan &tag) {
   int depth = decl_scope_level;
-  bool skip_prototypes = func_prototype_tags_enabled || (in_cplusplus() && !tag.is_definition);
+  bool skip_prototypes = !func_prototype_tags_enabled && !tag.is_definition;
   while (depth > 0) {
     a_scope_kind kind = scope_stack[depth].kind;
     bool skipped = (kind == sck_class && (!in_cplusplus() || !tag.is_definition)) ||

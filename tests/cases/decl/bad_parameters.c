@@ -62,17 +62,27 @@ int x(int : 3);
 //        ^
 // expect: error #18 expected a ")"
 int y(struct unknown *p);
+//           ^
+// expect: warning #233 declaration is not visible outside of function
 int z(struct inside { int a; } *p);
+//           ^
+// expect: warning #233 declaration is not visible outside of function
 int a1(enum { first, second } e);
 int a2(int []);
 int a3(int [][]);
 //         ^
 // expect: error #99 an array may not have elements of this type
 int a4(struct open o);
+//            ^
+// expect: warning #233 declaration is not visible outside of function
 int a5(struct open o) { return 0; }
+//            ^
+// expect: warning #233 declaration is not visible outside of function
 //                 ^
 // expect: error #71 incomplete type is not allowed
 int a6(struct open *o) { return 0; }
+//            ^
+// expect: warning #233 declaration is not visible outside of function
 int a7(int) { return 0; }
 //        ^
 // expect: error #142 a parameter of a function definition must have a name

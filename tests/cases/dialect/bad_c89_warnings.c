@@ -15,6 +15,8 @@ typedef unsigned U; U long x;
 /*                  ^ */
 /* expect: error #85 invalid combination of type specifiers */
 void t(int (*p)(struct tag *));
+/*                     ^ */
+/* expect: warning #233 declaration is not visible outside of function */
 double c = (int){3};
 /*              ^ */
 /* expect: error #29 expected an expression */

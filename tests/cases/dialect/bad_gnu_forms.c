@@ -1,4 +1,4 @@
-// options: --c89 --gcc --report_gnu_extensions --remarks --no_func_prototype_tags
+// options: --c89 --gcc --report_gnu_extensions --remarks
 // Forms that are extensions, with a remark where it was asked for.
 struct flexible { int n; int a[]; };
 int renamed(void) __asm__("other");

@@ -22,3 +22,5 @@ static int never(int);
 int user(void) { return lost() + never(1); }
 struct incomplete; 
 int outer(int (*p)(struct in_prototype *));
+//                        ^
+// expect: warning #233 declaration is not visible outside of function

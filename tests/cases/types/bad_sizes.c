@@ -73,7 +73,11 @@ int i5(a, T) int a; { return a; }
 //        ^
 // expect: error #153 a typedef name cannot be used as the name of a parameter
 int i6(struct i7 { int x; } p);
+//            ^
+// expect: warning #233 declaration is not visible outside of function
 int i8(enum i9 { j1 } p);
+//          ^
+// expect: warning #233 declaration is not visible outside of function
 int j2(int g(void), int h(int)), j3(const void *, volatile int);
 const void j4(void) { }
 const int j5(void) { return 1; }
