@@ -138,7 +138,7 @@ bool check_initializable(a_decl_parse_state *state, const a_source_position *pos
   }
   if (symbol->is_error_symbol) return true;
   a_variable *variable = symbol->variant.variable;
-  if (!variable->is_file_scope && variable->storage_class == sc_extern) {
+  if (inside_function_scope() && state->declared_storage_class == dsc_extern) {
     pos_sy_error(ec_cannot_initialize, position, symbol);
     return false;
   }

@@ -132,3 +132,11 @@ char small = (char)&object;
 // expect: warning #770 conversion from pointer to smaller integer
 //           ^
 // expect: error #28 expression must have a constant value
+static int outer[2], plain;
+void of_blocks(void) {
+  extern int outer[] = {1, 2}, plain = 3;
+//                     ^
+// expect: error #146 variable "outer" may not be initialized
+//                                     ^
+// expect: error #146 variable "plain" may not be initialized
+}
