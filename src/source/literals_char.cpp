@@ -70,10 +70,11 @@ bool prefix_is_utf16(int prefix) {
 // ---- Single characters -------------------------------------------------------------------------
 
 void init_char_conversion(a_char_conversion_state *state, const char *source, bool is_raw,
-                          bool utf16_output) {
+                          int prefix) {
   *state = {};
   state->source = source;
-  state->utf16_output = utf16_output;
+  state->utf16_output = prefix_is_utf16(prefix);
+  state->bytes_are_text = (prefix & ep_kind_mask) == ep_u8;
   if (!is_raw || curr_text_modif != nullptr) return;
   state->next_modif = orig_line_modif_list;
   while (state->next_modif != nullptr && state->next_modif->loc < source)
@@ -285,7 +286,8 @@ std::uint32_t conv_single_char(a_char_conversion_state *state, bool process_esca
     return escape_sequence(state, mask, to_narrow_text, utf8_output);
   bool is_multibyte;
   std::uint32_t value = plain_character(state, &is_multibyte);
-  if (value >= 0x80 && utf8_output) return give_utf8(state, value);
+  if (value >= 0x80 && utf8_output && (is_multibyte || state->bytes_are_text))
+    return give_utf8(state, value);
   return masked(value, mask, false, start);
 }
 
@@ -475,7 +477,7 @@ a_type *type_of_char_literal(int prefix, an_integer_kind kind) {
 a_host_large_integer accumulate_units(int prefix, const char *source, const char *end,
                                       bool units_are_signed, std::size_t *units_seen) {
   a_char_conversion_state state;
-  init_char_conversion(&state, source, false, prefix_is_utf16(prefix));
+  init_char_conversion(&state, source, false, prefix);
   const int width = unit_size_of_prefix(prefix) * targ_char_bit;
   const std::uint64_t mask = unit_mask_of_prefix(prefix);
   a_host_large_integer value = 0;

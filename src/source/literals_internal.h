@@ -29,10 +29,12 @@ struct a_char_conversion_state {
   std::uint32_t pending[4];              // units of a character that are still to be given
   int pending_count;
   int pending_next;
-  bool utf16_output;  // a value above 0xFFFF becomes a pair
+  bool utf16_output;    // a value above 0xFFFF becomes a pair
+  bool bytes_are_text;  // a byte above 127 of a source without multibyte characters is a character
 };
+// prefix: the literal's, an_encoding_prefix.
 void init_char_conversion(a_char_conversion_state *state, const char *source, bool is_raw,
-                          bool utf16_output);
+                          int prefix);
 
 // One code unit. mask: its largest value. to_narrow_text: for narrow literals; utf8_output: values
 // above 127 become several units.

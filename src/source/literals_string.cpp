@@ -98,7 +98,7 @@ void conv_string_literal(const char *start, const char *end, int prefix, std::si
     add_to_text_buffer(buffer, source, static_cast<std::size_t>(end - source));
   } else {
     a_char_conversion_state state;
-    init_char_conversion(&state, source, is_raw, prefix_is_utf16(prefix));
+    init_char_conversion(&state, source, is_raw, prefix);
     const std::uint64_t mask = unit_mask_of_prefix(prefix);
     while (state.source < end || state.pending_count != 0 ||
            (state.next_modif != nullptr && state.next_modif->loc == end)) {

@@ -118,6 +118,15 @@ TEST_F(Lexical, StringsAndTheirConcatenation) {
   mixed_string_concat_enabled = false;
 }
 
+TEST_F(Lexical, BytesWithoutMultibyteSources) {
+  start("--c11 --no_multibyte_chars");
+  EXPECT_EQ(string_of("\"\xE9\\u00e9\""), std::string("\xE9\xC3\xA9\0", 4));
+  EXPECT_EQ(string_of("u8\"\xE9\""), std::string("\xC3\xA9\0", 3));
+  EXPECT_EQ(string_of("u\"\xE9\"").size(), 4u);
+  open("'\xE9'");
+  EXPECT_EQ(const_for_curr_token.integer_value, 0xE9u);
+}
+
 TEST_F(Lexical, RawStrings) {
   raw_string_literals_enabled = true;
   EXPECT_EQ(string_of("R\"x(a\\n)\" )x\""), std::string("a\\n)\" \0", 7));
