@@ -25,7 +25,10 @@ TOKEN = re.compile(r'''(?:u8|[uUL])?R"(?P<d>[^()\\\s]{0,16})\(.*?\)(?P=d)"\w*
 
 
 def run(command, cwd=None):
-    done = subprocess.run(command, capture_output=True, timeout=120, cwd=cwd)
+    try:
+        done = subprocess.run(command, capture_output=True, timeout=60, cwd=cwd)
+    except subprocess.TimeoutExpired:
+        return 99, '', 'no end within 60 s'
     return done.returncode, done.stdout.decode('utf-8', 'replace'), done.stderr.decode('utf-8', 'replace')
 
 

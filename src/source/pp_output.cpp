@@ -69,7 +69,10 @@ bool chars_would_join(char next) {
   switch (last_char) {
     case '+':
     case '-':
-      return (char_before_last == 'e' || char_before_last == 'E') && next >= '0' && next <= '9';
+      // "1e+" and "0xp-" go on as numbers
+      return (char_before_last == 'e' || char_before_last == 'E' || char_before_last == 'p' ||
+              char_before_last == 'P') &&
+             pp_lexical_category(next) == 2;
     case 'e':
     case 'E':
     case 'p':

@@ -85,10 +85,10 @@ f(2) 1 f(1) 2 f(1) 2 f(2) 1 3
 #define hex(d) 0x##d##u
 #define flt(i,f,e) i##.##f##e##e
 hex(1F) hex(e) cat(1,2) cat(1.2,.3) cat(1,_x) flt(1,2,3) cat(0x1p,4) cat(.1,e) cat(1,..2)
-cat(1e+,1) cat(e,+1) cat(1,e)+1 cat(1,e+)1
+cat(1e+,1) cat(e,+1) cat(1,e)+1 cat(1,e+)1 cat(,1e+)b cat(,0xp-).5 cat(,0xfe-)_c
 --- gives
 0x1Fu 0xeu 12 1.2.3 1_x 1.233 0x1p4 .1e 1. .2
-1e+1 e+1 1e +1 1e +1
+1e+1 e+1 1e +1 1e +1 1e+ b 0xp- .5 0xfe- _c
 === counters
 #define cat(a,b) a##b
 #define xcat(a,b) cat(a,b)
