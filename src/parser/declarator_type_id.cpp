@@ -2,17 +2,31 @@
 #include "DIAG/error.h"
 #include "driver/switches.h"
 #include "il/il.h"
+#include "parser/attribute.h"
 #include "parser/decl_spec.h"
 #include "parser/declarator.h"
 #include "semantics/symbol_tbl.h"
 #include "semantics/types.h"
 #include "source/lexical.h"
 
+namespace {
+
+// No entity follows that could take the attributes among the specifiers: the type does.
+void give_attributes_to_type(a_decl_parse_state *state) {
+  an_attribute *list = state->prefix_attributes;
+  *f_last_attribute_link(&list) = state->specifier_attributes;
+  state->prefix_attributes = state->specifier_attributes = nullptr;
+  attach_type_attributes(&state->type, list, state);
+}
+
+}  // namespace
+
 // type-name:
 //     specifier-qualifier-list [abstract-declarator]
 // C11 6.7.7
 void type_name_full(a_decl_parse_state *state) {
   decl_specifiers(dsf_type_ok | dsf_no_name, state, nullptr);
+  give_attributes_to_type(state);
   a_symbol_locator locator;
   std::uint64_t flags = dcl_abstract_ok;
   if (vla_enabled) flags |= dcl_vla_ok;
