@@ -34,9 +34,11 @@ def run(command, cwd=None):
 
 def tokens(text):
     """The tokens of preprocessed text; line markers go, pragmas stay. A splice that stands in a literal
-    as it stood in the source joins its lines, as it does for whoever reads the text."""
+    as it stood in the source joins its lines, as it does for whoever reads the text. Universal names are
+    taken for their characters."""
     lines = [line for line in text.replace('\\\n', '').split('\n') if not re.match(r'\s*#\s*(line\b|\d)', line)]
-    return [m.group(0) for m in TOKEN.finditer('\n'.join(lines))]
+    text = re.sub(r'\\u([0-9a-fA-F]{4})|\\U000([0-9a-fA-F]{5})', lambda m: chr(int(m[1] or m[2], 16)), '\n'.join(lines))
+    return [m.group(0) for m in TOKEN.finditer(text)]
 
 
 def same_macros(qxparse, ours, theirs, work):

@@ -121,7 +121,14 @@ void enter_param_place(const a_definition *d) {
   if (place->param == nullptr) *place = {d->last_param, d->num_params};
 }
 
+// A universal character name and the character itself spell one parameter.
+const char *spelling_of_param(const char *name, std::size_t *length) {
+  if (std::memchr(name, '\\', *length) == nullptr) return name;
+  return make_canonical_identifier(name, *length, length);
+}
+
 std::uint32_t index_of_param(const a_definition *d, const char *name, std::size_t length) {
+  name = spelling_of_param(name, &length);
   if (d->num_params >= least_hashed_params) {
     const a_param_place *place = place_of_param(name, length);
     return place->param != nullptr ? place->index : 0;
@@ -135,6 +142,7 @@ std::uint32_t index_of_param(const a_definition *d, const char *name, std::size_
 }
 
 void add_param(a_definition *d, const char *name, std::size_t length) {
+  name = spelling_of_param(name, &length);
   a_macro_param *param = static_cast<a_macro_param *>(alloc_in_region(0, sizeof(a_macro_param)));
   *param = {nullptr, copy_string_to_region(0, name, length), static_cast<std::uint32_t>(length),
             false, false};

@@ -99,3 +99,11 @@ it's x
 c(a) c(a b) c("q") c('q') c()
 --- gives alone
 'a' 'a b' '"q"' '\'q\'' ''
+=== parameters spelled with universal names
+#define m2(\u00c1) \u00C1 Á #\u00C1 x##Á
+m2(0)
+#define m17(a,b,c,d,e,f,g,h,i,j,k,l,m,n,o,\u00c1,q) \U000000C1 Á
+m17(1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17)
+--- gives
+0 0 "0" x0
+16 16
