@@ -99,7 +99,7 @@ it's x
 c(a) c(a b) c("q") c('q') c()
 --- gives alone
 'a' 'a b' '"q"' '\'q\'' ''
-=== parameters spelled with universal names
+=== universal_parameters
 #define m2(\u00c1) \u00C1 Á #\u00C1 x##Á
 m2(0)
 #define m17(a,b,c,d,e,f,g,h,i,j,k,l,m,n,o,\u00c1,q) \U000000C1 Á
