@@ -12,6 +12,8 @@ void generate_expression(an_expr_node *expr, a_type *wanted_type = nullptr);
 // Writes the address of an lvalue.
 void generate_address(an_expr_node *expr, a_type *pointer_type);
 void generate_call(an_expr_node *expr);
+// The routine that the callee of a call names directly, or null.
+a_routine *direct_callee(const an_expr_node *callee);
 // Writes the value nodes of a constant; in_initial_value when it is (part of) the initial value of
 // a static variable of wanted_type.
 void generate_constant(a_constant *constant, a_type *wanted_type, bool in_initial_value);

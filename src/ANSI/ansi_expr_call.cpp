@@ -12,16 +12,6 @@
 
 namespace {
 
-// The routine that a call names directly, or null.
-a_routine *direct_callee(const an_expr_node *callee) {
-  while (callee->kind == enk_operation &&
-         (callee->op == eok_address_of || callee->op == eok_parens ||
-          callee->op == eok_function_to_pointer ||
-          (callee->op == eok_indirect && type_has_kind(callee->type, tk_routine))))
-    callee = first_operand(callee);
-  return callee->kind == enk_routine ? callee->routine : nullptr;
-}
-
 bool is_class_argument(const a_type *type) {
   return is_class_struct_union_type(type) && scalar_csu(const_cast<a_type *>(type)) == nullptr;
 }
@@ -115,6 +105,15 @@ bool call_stays_intrinsic(an_expr_node *call) {
 }
 
 }  // namespace
+
+a_routine *direct_callee(const an_expr_node *callee) {
+  while (callee->kind == enk_operation &&
+         (callee->op == eok_address_of || callee->op == eok_parens ||
+          callee->op == eok_function_to_pointer ||
+          (callee->op == eok_indirect && type_has_kind(callee->type, tk_routine))))
+    callee = first_operand(callee);
+  return callee->kind == enk_routine ? callee->routine : nullptr;
+}
 
 void generate_call(an_expr_node *expr) {
   an_expr_node *callee = first_operand(expr);

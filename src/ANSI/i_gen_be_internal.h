@@ -64,6 +64,12 @@ void note_weak_function(const SYMTAB *symbol);
 void note_inline_assembly();
 void reset_checks();
 
+// ---- Floating point (i_gen_floating.cpp) ---------------------------------------------------------
+
+// Notes on the symbol of a routine with a body which classes of floating point cross its interface
+// and those of what it calls; reports what the target must not use.
+void survey_floating_point(a_routine *routine, SYMTAB *symbol);
+
 // ---- Routines and statements (i_gen_routines.cpp, i_gen_statements.cpp) ------------------------
 
 void generate_routine(a_routine *routine);

@@ -161,6 +161,7 @@ void generate_routine(a_routine *routine) {
   restart_labels();
   SYMTAB *symbol = symbol_of_routine(routine);
   enter_if_new(symbol);
+  survey_floating_point(routine, symbol);
   collect_pragmas(scope);
   i_file->if_write_begin_func(symbol, &current_psn);
   generate_parameters(scope, f_skip_typerefs(routine->type)->routine_supplement);

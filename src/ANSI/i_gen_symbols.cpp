@@ -100,6 +100,16 @@ void check_interrupt_routine(SYMTAB *symbol, a_routine *routine) {
   routine->decl_modifiers &= ~dm_interrupt;
 }
 
+// The dynamic linker is told of a definition that does not have the default visibility.
+void add_visibility(SYMTAB *symbol, std::uint8_t own_visibility, a_storage_class storage_class) {
+  static const char *const texts[] = {"", "default", "protected", "hidden", "internal", "extern"};
+  int visibility = own_visibility;
+  if (visibility == svk_unspecified && storage_class == sc_none)
+    visibility = targ_sym_default_visibility;
+  if (storage_class == sc_static || visibility <= svk_default) return;
+  add_pragma(symbol, fpk_SYM_VISIBILITY, {texts[visibility]});
+}
+
 bool is_comdat_routine(const a_routine *routine) {
   if (routine->is_comdat) return true;
   return !in_cplusplus() && routine->is_inline && routine->defined &&
@@ -109,7 +119,8 @@ bool is_comdat_routine(const a_routine *routine) {
 void add_routine_pragmas(SYMTAB *symbol, a_routine *routine) {
   const a_routine_type_supplement *type = f_skip_typerefs(routine->type)->routine_supplement;
   add_section(symbol, nullptr, routine->section_specification, fpk_CODE_SECTION);
-  if (routine->is_always_inline) add_pragma(symbol, fpk_FUNC_ALWAYS_INLINE);
+  if (routine->is_always_inline || (routine->is_inline && always_inline_funcs))
+    add_pragma(symbol, fpk_FUNC_ALWAYS_INLINE);
   if (routine->is_never_inline) add_pragma(symbol, fpk_FUNC_CANNOT_INLINE);
   if (routine->is_const_function || type->is_const_function) {
     add_pragma(symbol, fpk_FUNC_NO_GLOBAL_ASG);
@@ -136,6 +147,7 @@ void add_routine_pragmas(SYMTAB *symbol, a_routine *routine) {
   if (is_comdat_routine(routine))
     add_pragma(symbol, fpk_COMDAT_GROUP,
                {routine->comdat_group_name != nullptr ? routine->comdat_group_name : symbol->name});
+  add_visibility(symbol, routine->visibility, routine->storage_class);
   if (enable_ramfunc || routine->is_ramfunc) add_pragma(symbol, fpk_RAMFUNC);
   if (routine->is_internal_runtime) add_pragma(symbol, fpk_FUNC_IS_INTERNAL_RUNTIME);
   add_pragma(symbol, fpk_SRC_LANGUAGE, {in_cplusplus() ? "C++" : "C"});
@@ -296,6 +308,8 @@ SYMTAB *symbol_of_variable(a_variable *variable) {
   if (variable->is_thread_local) add_pragma(symbol, fpk_THREAD_LOCAL);
   if (variable->comdat_group_name != nullptr)
     add_pragma(symbol, fpk_COMDAT_GROUP, {external_form(variable->comdat_group_name)});
+  if (variable->is_file_scope)
+    add_visibility(symbol, variable->visibility, variable->storage_class);
   add_override(symbol, variable);
   bool is_file_level = symbol->storage_class != isc_auto && symbol->storage_class != isc_register;
   if (is_file_level && variable->never_removed)

@@ -4,6 +4,8 @@
 #ifndef DRIVER_SWITCHES_H
 #define DRIVER_SWITCHES_H
 
+// Which floating point the code may use.
+enum a_legal_float_precision : int { flp_none, flp_all, flp_32_bits, flp_64_bits };
 // What a hook at the entry or exit of functions is called with.
 enum a_hook_parameter : int { hkp_none, hkp_name, hkp_address };
 

@@ -198,11 +198,16 @@ void option_zvnversion(int) {
   std::fprintf(f_error, "Zelvane C/C++ Front End, version %s (%s %s)\n\n", tool_version, build_date,
                build_time);
 }
+void option_lossy_conversion_warning(int value) {
+  warning_on_lossy_conversion = value != 0;
+  if (warning_on_lossy_conversion) warn_of_missing("the warning on lossy conversions is");
+}
 void option_dump_configuration(int) {
   dump_configuration(f_error);
 }
 void option_dump_legacy_as_target(int) {
   dump_legacy_config_as_target_config = curr_option_argument;
+  warn_of_missing("the naming of a target configuration is");
 }
 
 // ---- Rule checks, advice, precompiled headers --------------------------------------------------
@@ -240,9 +245,9 @@ void option_use_pch(int) {
   automatic_pch_processing = create_precompiled_header = false;
   warn_of_missing("the use of precompiled headers is");
 }
-// Headers are read each time; the result is the same.
 void option_pch(int) {
   automatic_pch_processing = true;
+  warn_of_missing("the keeping of precompiled headers is");
   use_precompiled_header = create_precompiled_header = false;
 }
 void option_pch_dir(int) {
@@ -517,7 +522,10 @@ void option_version(int) {
   TRG_parse_versions(curr_option_argument);
 }
 void option_advice_performance(int) {
-  if (argument_is("all")) performance_advice = 1;
+  if (argument_is("all")) {
+    performance_advice = 1;
+    warn_of_missing("performance advice is");
+  }
   if (argument_is("none")) performance_advice = 0;
 }
 void option_entry_hook(int) {

@@ -7,6 +7,16 @@
 #define SEMANTICS_TARGET_H
 
 #include <cstdint>
+
+// How far a symbol is seen by the dynamic linker.
+enum a_symbol_visibility : std::uint8_t {
+  svk_unspecified,
+  svk_default,
+  svk_protected,
+  svk_hidden,
+  svk_internal,
+  svk_extern
+};
 #include <cstdio>
 
 #include "UTIL/basics.h"

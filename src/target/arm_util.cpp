@@ -13,6 +13,8 @@
 #include "target/arm_arch.h"
 #include "target/pragma.h"
 
+bool always_inline_funcs;
+
 namespace {
 
 ARM_TARGET arm_target;

@@ -32,6 +32,7 @@ bool check_lit(an_expr_node *call, int argument_number);
 bool check_constrange(an_expr_node *call);
 void issue_error_for_non_immediate_arg(an_expr_node *call, an_expr_node *argument);
 
+extern bool always_inline_funcs;                 // #pragma ALWAYS_INLINE: of the whole file
 bool is_software_interrupt(a_routine *routine);  // #pragma INTERRUPT(f, SWI)
 
 // A name that an older tool chain knew as an intrinsic: reports its replacement and answers false.

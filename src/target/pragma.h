@@ -160,7 +160,6 @@ void set_variable_section_specification(a_variable *variable, a_section_origin k
 // The sections of SET_CODE_SECTION and SET_DATA_SECTION, for what has none of its own.
 void apply_routine_block_section_specification(a_routine *routine);
 void apply_variable_block_section_specification(a_variable *variable);
-extern bool always_inline_funcs;  // #pragma ALWAYS_INLINE was seen
 
 // ---- The target's pragmas (qx_pragma) ----------------------------------------------------------
 

@@ -5,11 +5,10 @@
 #include "driver/switches.h"
 #include "il/il.h"
 #include "il/il_walk.h"
+#include "target/arm_util.h"
 #include "target/misra.h"
 #include "target/pragma_internal.h"
 #include "target/qx_pragma_internal.h"
-
-bool always_inline_funcs;
 
 namespace {
 
