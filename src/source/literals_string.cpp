@@ -145,7 +145,7 @@ bool scan_raw_delimiter(a_raw_delimiter *delimiter) {
       original_length += 2;
       ++delimiter->trigraphs;
     }
-    if (*p == '\0' || *p == '"' || original_length >= max_raw_delimiter_length) {
+    if (*p == '\0' || original_length >= max_raw_delimiter_length) {
       error_at(ec_missing_raw_string_delim_lparen, delimiter->text);
       return false;
     }

@@ -46,17 +46,23 @@ void report_here(an_error_code code) {
   some_error_in_curr_directive = true;
 }
 
-// digit-sequence. False when it is missing or has no valid value.
+bool is_digit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+// digit-sequence, with the separators of C++14. False when it is missing or has no valid value.
 bool scan_line_number(bool is_digit_form, std::uint32_t *line) {
   find_token();
-  if (*curr_char_loc < '0' || *curr_char_loc > '9') {
+  if (!is_digit(*curr_char_loc)) {
     report_here(ec_exp_line_number);
     return false;
   }
   std::uint64_t value = 0;
   const char *p = curr_char_loc;
-  for (; *p >= '0' && *p <= '9'; ++p)
+  for (; is_digit(*p); ++p) {
     if (value <= UINT32_MAX) value = value * 10 + static_cast<unsigned>(*p - '0');
+    if (p[1] == '\'' && is_digit(p[2]) && digit_separators_enabled && in_cplusplus()) ++p;
+  }
   bool ends_well = !starts_identifier(p) && *p != '.';
   if (value == 0 && is_digit_form) value = 1;
   bool valid = ends_well && value != 0 && value <= UINT32_MAX;

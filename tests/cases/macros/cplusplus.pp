@@ -24,6 +24,7 @@ R"(two
 lines)" id(R"(three
 lines
 )") xR"(no)" R "no(" )
+R"/^&|~!=,"'(s)/^&|~!=,"'"
 // R"( comment
 s("R\"(") R"(/* no comment // */)"
 --- gives
@@ -31,14 +32,17 @@ R"(a"b\n)" R"x(, )" ) )x" "R\"(a\\b\")\"" u8R"(1)" LR"(2)" uR"q(3)q" UR"(4)"
 R"(two
 lines)" R"(three
 lines
-)" xR"(no)" R "no(" )
+)" xR"(no)" R "no(" ) R"/^&|~!=,"'(s)/^&|~!=,"'"
 "\"R\\\"(\"" R"(/* no comment // */)"
 === digit-separators-and-suffixes --c++14 --g++
+#line 1'0'23
+__LINE__
 #define _km suffix
 #define id(x) x
 #define cat(a,b) a##b
 1'000'000 0x1'F 1'0.5e1'0 12_km 12 _km cat(1,2'0) cat(12,_km)
 --- gives
+1023
 1'000'000 0x1'F 1'0.5e1'0 12_km 12 suffix 12'0 12_km
 === tokens-of-cplusplus --c++14 --g++
 #define cat(a,b) a##b
