@@ -37,6 +37,7 @@ void set_symbol(a_source_correspondence *entity, SYMTAB *symbol);
 SYMTAB *new_symbol(const char *name, a_type *type, std::uint8_t storage_class);
 // Enters a file-level symbol that is not entered yet.
 void enter_if_new(SYMTAB *symbol);
+bool has_pragma(const SYMTAB *symbol, a_file_pragma_kind kind);
 void add_pragma(SYMTAB *symbol, a_file_pragma_kind kind, std::vector<const char *> texts = {});
 // A name for a variable of the generator's own.
 const char *sym_name_of_temporary();
@@ -83,6 +84,8 @@ SYMTAB *incoming_parameter(const a_variable *variable);
 
 // ---- Entry and exit hooks (i_gen_hooks.cpp) ----------------------------------------------------
 
+// Is it a function that is called at the entry or the exit of others?
+bool is_hook(const a_routine *routine);
 void generate_entry_hook();
 // Among the locals: the variable that keeps a returned value while the exit hook runs.
 void generate_exit_hook_variable();

@@ -19,19 +19,6 @@ struct a_hook_symbol {
 a_hook_symbol hook_symbols[2];
 SYMTAB *kept_value;  // of the routine in hand; null when it returns nothing
 
-bool has_pragma(const SYMTAB *symbol, a_file_pragma_kind kind) {
-  for (const PRAGMA *p = symbol->pragma_list; p != nullptr; p = p->next)
-    if (p->kind == kind) return true;
-  return false;
-}
-
-bool is_hook(const a_routine *routine) {
-  auto is = [&](const char *hook) {
-    return hook != nullptr && routine->name != nullptr && std::strcmp(hook, routine->name) == 0;
-  };
-  return is(entry_hook_name) || is(exit_hook_name);
-}
-
 bool is_hooked(const a_routine *routine) {
   const SYMTAB *symbol = symbol_of_routine(const_cast<a_routine *>(routine));
   return !is_hook(routine) && !has_pragma(symbol, fpk_NO_HOOKS) &&
@@ -41,6 +28,7 @@ bool is_hooked(const a_routine *routine) {
 SYMTAB *symbol_of_hook(a_hook_symbol *hook, const char *name) {
   if (hook->symbol == nullptr || std::strcmp(hook->name, name) != 0)
     *hook = {name, symbol_of_foreign_routine(name, type_pkg->void_type)};
+  if (!has_pragma(hook->symbol, fpk_HOOK_FUNCTION)) add_pragma(hook->symbol, fpk_HOOK_FUNCTION);
   enter_if_new(hook->symbol);
   return hook->symbol;
 }
@@ -69,6 +57,13 @@ void generate_hook_call(a_hook_symbol *hook, const char *name, int parameter) {
 }
 
 }  // namespace
+
+bool is_hook(const a_routine *routine) {
+  auto is = [&](const char *hook) {
+    return hook != nullptr && routine->name != nullptr && std::strcmp(hook, routine->name) == 0;
+  };
+  return is(entry_hook_name) || is(exit_hook_name);
+}
 
 void generate_entry_hook() {
   if (entry_hook_name != nullptr && is_hooked(current_routine))

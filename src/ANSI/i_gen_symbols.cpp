@@ -148,6 +148,8 @@ void add_routine_pragmas(SYMTAB *symbol, a_routine *routine) {
     add_pragma(symbol, fpk_COMDAT_GROUP,
                {routine->comdat_group_name != nullptr ? routine->comdat_group_name : symbol->name});
   add_visibility(symbol, routine->visibility, routine->storage_class);
+  if (is_hook(routine) && !has_pragma(symbol, fpk_HOOK_FUNCTION))
+    add_pragma(symbol, fpk_HOOK_FUNCTION);
   if (enable_ramfunc || routine->is_ramfunc) add_pragma(symbol, fpk_RAMFUNC);
   if (routine->is_internal_runtime) add_pragma(symbol, fpk_FUNC_IS_INTERNAL_RUNTIME);
   add_pragma(symbol, fpk_SRC_LANGUAGE, {in_cplusplus() ? "C++" : "C"});
@@ -223,6 +225,12 @@ void write_pragmas_of(const void *entity, a_pragma_placement placement) {
   for (const a_pragma *pragma : found->second)
     if (pragma->pragma != nullptr && pragma->placement == placement)
       i_file->if_write_pragma(pragma->pragma);
+}
+
+bool has_pragma(const SYMTAB *symbol, a_file_pragma_kind kind) {
+  for (const PRAGMA *p = symbol->pragma_list; p != nullptr; p = p->next)
+    if (p->kind == kind) return true;
+  return false;
 }
 
 void add_pragma(SYMTAB *symbol, a_file_pragma_kind kind, std::vector<const char *> texts) {

@@ -32,11 +32,8 @@ bool cfront_options_given() {
 
 void choose_gnu_mode_by_default() {
   if (emulate_unsafe_gnu_abi_bugs) emulate_gnu_abi_bugs = true;
-  if (gnu_mode && C_dialect == dialect_standard_c) gcc_mode = true;
-  if (gnu_mode && in_cplusplus()) gpp_mode = true;
-  if (given(opt_gcc) || given(opt_gpp) || in_pcc_mode()) return;
-  gnu_mode = true;
-  (in_cplusplus() ? gpp_mode : gcc_mode) = true;
+  if (!given(opt_gcc) && !given(opt_gpp)) gnu_mode = true;
+  if (gnu_mode) (in_cplusplus() ? gpp_mode : gcc_mode) = true;  // K&R drops it again
 }
 
 void drop_modes_of_other_languages() {
