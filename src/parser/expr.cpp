@@ -12,6 +12,7 @@
 #include "semantics/scope_stk.h"
 #include "semantics/target.h"
 #include "semantics/types.h"
+#include "target/arm_util.h"
 
 namespace {
 
@@ -235,6 +236,7 @@ an_expr_node *scan_void_expression(bool *is_result, a_dynamic_init **init) {
   discard_operand_value(&operand);
   an_expr_node *node = make_node_from_operand(&operand);
   node->result_not_used = true;
+  replace_math_funcs(node, node->type);
   return node;
 }
 
@@ -243,7 +245,9 @@ an_expr_node *scan_boolean_controlling_expression() {
   an_operand operand;
   scan_expr_at_level(&operand, level_any);
   check_boolean_controlling_expr(&operand);
-  return make_node_from_operand(&operand);
+  an_expr_node *node = make_node_from_operand(&operand);
+  replace_math_funcs(node, node->type);
+  return node;
 }
 
 an_expr_node *scan_integer_expression(a_type **orig_type) {
@@ -266,7 +270,9 @@ an_expr_node *scan_typed_expression(a_type *type, an_error_code code) {
   an_operand operand;
   scan_expr_at_level(&operand, level_any);
   prep_assignment_operand(&operand, type, code);
-  return make_node_from_operand(&operand);
+  an_expr_node *node = make_node_from_operand(&operand);
+  replace_math_funcs(node, node->type);
+  return node;
 }
 
 an_expr_node *scan_return_expression(a_type *type, a_dynamic_init **init) {
