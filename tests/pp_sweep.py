@@ -32,11 +32,17 @@ def run(command, cwd=None):
     return done.returncode, done.stdout.decode('utf-8', 'replace'), done.stderr.decode('utf-8', 'replace')
 
 
+def as_directive(match):
+    """An operator _Pragma that stays in the text, as the directive that the other compiler writes."""
+    return '\n#pragma ' + match.group(1).replace('\\"', '"').replace('\\\\', '\\') + '\n'
+
+
 def tokens(text):
     """The tokens of preprocessed text; line markers go, pragmas stay. A splice that stands in a literal
     as it stood in the source joins its lines, as it does for whoever reads the text. Universal names are
-    taken for their characters."""
+    taken for their characters, _Pragma for the directive."""
     lines = [line for line in text.replace('\\\n', '').split('\n') if not re.match(r'\s*#\s*(line\b|\d)', line)]
+    lines = [re.sub(r'\b_Pragma ?\(L?"((?:[^"\\]|\\.)*)"\)', as_directive, line) for line in lines]
     text = re.sub(r'\\u([0-9a-fA-F]{4})|\\U000([0-9a-fA-F]{5})', lambda m: chr(int(m[1] or m[2], 16)), '\n'.join(lines))
     return [m.group(0) for m in TOKEN.finditer(text)]
 
