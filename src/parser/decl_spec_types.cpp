@@ -62,6 +62,8 @@ void note_type_position(a_specifier_scan &scan, const a_source_position *positio
 void report_bad_combination(a_specifier_scan &scan, const a_source_position *position) {
   if (scan.base != base_error) pos_error(ec_bad_combination_of_type_specifiers, position);
   scan.state->error_in_specifiers = true;
+  // Behind a class a semicolon is missing: what is declared has not its type.
+  if (scan.base == base_class || scan.base == base_enum) scan.base = base_error;
 }
 
 }  // namespace

@@ -21,3 +21,10 @@ struct unseen { int a; };
 int twice(struct unseen *p);
 //  ^
 // expect: error #148 declaration is incompatible with function "twice(struct unseen *)"
+// A missing semicolon behind a class or an enumeration is one mistake.
+struct ends { int a; } unsigned first(void) { return 0; }
+// expect: error #85 invalid combination of type specifiers
+enum ending { last } int second(void) { return last; }
+//                   ^
+// expect: error #85 invalid combination of type specifiers
+struct ends v;
