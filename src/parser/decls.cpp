@@ -353,14 +353,19 @@ void scan_empty_declaration() {
   get_token();
 }
 
+// At the { of a body whose head was no function: goes behind the body.
+void skip_body() {
+  flush_until_matching_token_full(false);
+  if (curr_token == tok_rbrace) get_token();
+}
+
 // No declaration stands here: one message, then on to a place that looks like the next one.
 void recover_from_non_declaration() {
   error_position = pos_curr_token;
   std::uint32_t before = curr_token_sequence_number;
   if (curr_token == tok_lbrace) {
     pos_error(ec_exp_declaration, &pos_curr_token);
-    flush_until_matching_token();
-    if (curr_token == tok_rbrace) get_token();
+    skip_body();
     return;
   }
   syntax_error(ec_exp_declaration);
@@ -377,6 +382,11 @@ void close_declaration(a_decl_parse_state *state) {
   discard_end_of_parse_actions(state);
   if (declaring_at_file_scope() && curr_token == tok_semicolon)
     next_token_is_top_level_decl_start = true;
+  if (curr_token == tok_lbrace && declaring_at_file_scope()) {
+    if (!state->has_error) pos_error(ec_exp_semicolon, &pos_curr_token);
+    skip_body();
+    return;
+  }
   if (state->has_error && !state->type_specified && curr_token != tok_semicolon) flush_tokens();
   required_token(tok_semicolon, ec_exp_semicolon);
 }

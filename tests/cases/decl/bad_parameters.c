@@ -145,4 +145,3 @@ int (*d8(int x))(int y) { return 0; }
 int (*d9)(int x) { return x; }
 //               ^
 // expect: error #66 expected a ";"
-// expect-at-end: warning #12 parsing restarts
