@@ -101,7 +101,9 @@ bool check_and_adjust_parameter_type(a_decl_parse_state *state, const a_source_p
   a_type *type = state->declared_type;
   if (is_error_type(type)) return false;
   if (is_void_type(type)) {
-    pos_error(ec_void_param_not_allowed, position);
+    // (void !)   the message about what follows is enough
+    if (curr_token == tok_comma || curr_token == tok_rparen)
+      pos_error(ec_void_param_not_allowed, position);
     state->declared_type = error_type();
     return false;
   }
@@ -126,6 +128,7 @@ struct a_prototype_scan {
   int count;
   bool for_name;
   bool failed;  // a message said that the list is no list
+  bool broken;  // or that one of its parameters is none
 };
 
 // ( identifier-list )   with the first identifier current.
@@ -274,6 +277,32 @@ void scan_ellipsis(a_prototype_scan &scan) {
   get_token();
 }
 
+// int f(*p, int a)   int f(int a, , int b)   one parameter of no type among others: a name of it is
+// declared, so that its uses are silent. False: what stands here is no parameter at all.
+bool scan_parameter_without_type(a_prototype_scan &scan) {
+  if (curr_token != tok_star && curr_token != tok_comma && curr_token != tok_rparen) return false;
+  if (curr_token == tok_rparen && scan.count == 0) return false;
+  scan.broken = true;
+  pos_error(ec_exp_type_specifier, &pos_curr_token);
+  a_decl_parse_state state;
+  clear_decl_parse_state(&state);
+  state.declared_type = error_type();
+  state.declarator_pos = pos_curr_token;
+  while (curr_token == tok_star)
+    get_token();
+  a_symbol_locator locator = cleared_locator;
+  if (curr_token == tok_identifier) {
+    locator = locator_for_curr_id;
+    state.declarator_pos = pos_curr_token;
+    get_token();
+  }
+  if (curr_token != tok_comma && curr_token != tok_rparen) flush_tokens();
+  a_param_decl *decl = make_param_decl(state, locator, state.declared_type);
+  append_parameter(scan, decl);
+  enter_prototype_parameter(decl, &locator);
+  return true;
+}
+
 // parameter-type-list:
 //     parameter-declaration { , parameter-declaration } [, ...]
 void scan_prototype(a_prototype_scan &scan) {
@@ -284,6 +313,10 @@ void scan_prototype(a_prototype_scan &scan) {
       break;
     }
     if (!is_decl_start(dst_parameter) && curr_token != tok_identifier) {
+      if (scan_parameter_without_type(scan)) {
+        if (loop_token(tok_comma)) continue;
+        break;
+      }
       error_position = pos_curr_token;
       syntax_error(ec_exp_type_specifier);
       scan.failed = true;
@@ -326,6 +359,16 @@ void scan_prototype_in_scope(a_prototype_scan &scan, a_func_info_block *info) {
   pop_scope();
 }
 
+// int f(int goto, int b) {   goes on at the parenthesis; int f(void ;   or at what ends the head.
+void scan_end_of_parameter_list() {
+  if (loop_token(tok_rparen)) return;
+  pos_error(ec_exp_rparen, &pos_curr_token);
+  a_stop_token_count stops[tok_last] = {};
+  stops[tok_rparen] = stops[tok_semicolon] = stops[tok_lbrace] = stops[tok_rbrace] = 1;
+  flush_tokens_with_stop_tokens_and_warning_flag(stops, false);
+  loop_token(tok_rparen);
+}
+
 // unknown_word(1, "x") int a;   is no declaration: one message is enough
 void skip_rest_of_parameter_list(a_declarator_scan &scan) {
   while (curr_token == tok_comma) {
@@ -366,6 +409,9 @@ a_declarator_part *scan_function_declarator(a_declarator_scan &scan, bool for_na
     info->end_position = pos_curr_token;
     leave_func_info(prototype, info);
   }
-  if (!prototype.failed || curr_token == tok_rparen) required_token(tok_rparen, ec_exp_rparen);
+  prototype.broken |= prototype.failed || curr_token != tok_rparen;
+  if (!prototype.failed || curr_token == tok_rparen) scan_end_of_parameter_list();
+  // Nobody knows what it takes: calls are not checked against it.
+  if (prototype.broken) part->type->routine_supplement->prototyped = false;
   return part;
 }

@@ -63,7 +63,8 @@ a_param_type *first_param_type(a_routine *routine) {
 void enter_prototype_parameters(a_routine *routine, a_func_info_block *func_info) {
   a_param_type *param_type = first_param_type(routine);
   for (a_param_decl *param = func_info->param_decls; param != nullptr; param = param->next) {
-    if (param->header == nullptr && !in_cplusplus())
+    // A list with a syntax error is no prototype: names may be missing through it.
+    if (param->header == nullptr && !in_cplusplus() && routine_type_is_prototyped(routine->type))
       pos_diagnostic(es_discretionary_error, ec_all_proto_params_must_be_named, &param->position);
     a_variable *variable =
         make_parameter(param->header, param->type, param->storage_class, &param->position);
