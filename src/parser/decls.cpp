@@ -368,8 +368,12 @@ void recover_from_non_declaration() {
     skip_body();
     return;
   }
+  add_stop_token(tok_lbrace);
   syntax_error(ec_exp_declaration);
-  if (curr_token == tok_semicolon || curr_token_sequence_number == before) {
+  remove_stop_token(tok_lbrace);
+  if (curr_token == tok_lbrace) {
+    skip_body();
+  } else if (curr_token == tok_semicolon || curr_token_sequence_number == before) {
     if (curr_token != tok_end_of_source) get_token();
   }
 }
@@ -382,13 +386,19 @@ void close_declaration(a_decl_parse_state *state) {
   discard_end_of_parse_actions(state);
   if (declaring_at_file_scope() && curr_token == tok_semicolon)
     next_token_is_top_level_decl_start = true;
-  if (curr_token == tok_lbrace && declaring_at_file_scope()) {
+  bool is_outermost = declaring_at_file_scope();
+  if (curr_token == tok_lbrace && is_outermost) {
     if (!state->has_error) pos_error(ec_exp_semicolon, &pos_curr_token);
     skip_body();
     return;
   }
+  if (is_outermost) add_stop_token(tok_lbrace);
   if (state->has_error && !state->type_specified && curr_token != tok_semicolon) flush_tokens();
-  required_token(tok_semicolon, ec_exp_semicolon);
+  bool is_body = is_outermost && curr_token == tok_lbrace;
+  if (!is_body && !required_token(tok_semicolon, ec_exp_semicolon))
+    is_body = is_outermost && curr_token == tok_lbrace;
+  if (is_outermost) remove_stop_token(tok_lbrace);
+  if (is_body) skip_body();
 }
 
 // The declarations that begin with a word of their own; true when one was read.
