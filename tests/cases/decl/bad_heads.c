@@ -4,6 +4,7 @@ int main )
 //       ^
 // expect: error #66 expected a ";"
 {
+// expect: warning #12 parsing restarts here after previous syntax error
   int i;
   i = 1;
   return i;
