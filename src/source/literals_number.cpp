@@ -223,8 +223,14 @@ void convert_number(const a_number_scan *scan, an_error_code *err, const char **
     conv_integer_literal(scan->radix, err, err_loc);
     return;
   }
-  if (scan->radix == 16 && !hex_floating_point_constants_allowed)
-    report_at(strict_ansi_error_severity, ec_hex_fp_constant, scan->start);
+  if (scan->radix == 16 && !hex_floating_point_constants_allowed) {
+    if (strict_ansi_error_severity >= es_discretionary_error) {
+      *err = ec_hex_fp_constant;
+      *err_loc = scan->start;
+      return;
+    }
+    warn_at(ec_hex_fp_constant, scan->start);
+  }
   conv_float_literal(scan->radix == 16, err, err_loc);
 }
 
@@ -257,6 +263,7 @@ static a_token_kind scan_ud_number(const a_number_scan *scan, const char *end) {
   convert_number(scan, &err, &err_loc);
   end_of_curr_token = end - 1;
   len_of_curr_token = static_cast<std::size_t>(end - scan->start);
+  if (err == ec_hex_fp_constant) return take_number_error(err, err_loc), tok_float_constant;
   return make_ud_number(scan->start, scan->suffix, end, scan->is_float, err);
 }
 

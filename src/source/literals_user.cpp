@@ -38,13 +38,21 @@ int length_of_universal_character(const char *text) {
   return length == (text[1] == 'U' ? 10 : 6) ? length : 0;
 }
 
+// \u00e9 where an identifier may hold it; 0: none.
+static int length_of_identifier_escape(const char *text, bool at_start) {
+  int length = length_of_universal_character(text);
+  if (length == 0) return 0;
+  std::uint32_t value = scan_universal_character(&text, true, at_start, false);
+  return is_valid_ucn_for_identifier(value, at_start) ? length : 0;
+}
+
 const char *end_of_ud_suffix(const char *start) {
   const char *p = start;
   int length;
   for (;;) {
     if (f_is_identifier_char(p, p == start, &length)) {
       p += length;
-    } else if (const int escape = length_of_universal_character(p); escape != 0) {
+    } else if (const int escape = length_of_identifier_escape(p, p == start); escape != 0) {
       p += escape;
     } else {
       return p;

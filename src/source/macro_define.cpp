@@ -179,8 +179,8 @@ bool scan_params(a_definition *d) {
     const char *name = curr_char_loc;
     a_pp_text_kind kind;
     const char *end = end_of_pp_token(name, &kind, nullptr);
-    if (kind == ptk_identifier) {
-      std::size_t length = static_cast<std::size_t>(end - name);
+    std::size_t length = static_cast<std::size_t>(end - name);
+    if (kind == ptk_identifier && !is_operator_word(header_of_identifier(name, length))) {
       if (is_va_args(name, length) && variadic_macros_allowed)
         report_at(name, ec_VA_ARGS_not_allowed);
       else if (index_of_param(d, name, length) != 0)

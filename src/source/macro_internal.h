@@ -50,6 +50,8 @@ inline constexpr std::size_t chunk_head_size = 4;
 a_symbol *new_macro_symbol(a_symbol_header *header, const a_source_position *pos);
 a_macro_def *macro_def_of(const a_symbol *macro_symbol);
 a_symbol_header *header_of_identifier(const char *text, std::size_t length);
+// and, bitor and their like, where they are operators: no directive takes them for names.
+bool is_operator_word(const a_symbol_header *header);
 void enter_magic_macros();
 void init_magic_macros();
 

@@ -151,6 +151,11 @@ const char *defined_text(std::size_t *length) {
     some_error_in_curr_directive = true;
     return truth(false, length);
   }
+  if (variadic_macros_allowed && std::strcmp(header->name, "__VA_ARGS__") == 0) {
+    pos_error(ec_VA_ARGS_not_allowed, &pos);
+    some_error_in_curr_directive = true;
+    return truth(false, length);
+  }
   a_symbol *macro_symbol = find_defined_macro(header);
   if (macro_symbol != nullptr) note_macro_reference(macro_symbol, &pos);
   if (in_parens && !skip_char(')', ec_exp_rparen)) some_error_in_curr_directive = true;

@@ -35,6 +35,14 @@ a_symbol_header *header_of_identifier(const char *text, std::size_t length) {
   return find_symbol_header(text, length);
 }
 
+bool is_operator_word(const a_symbol_header *header) {
+  for (const a_symbol *symbol = header->active_symbols; symbol != nullptr;
+       symbol = symbol->next_active)
+    if (symbol->kind == syk_keyword && token_classes[symbol->variant.keyword] == tcl_punctuator)
+      return true;
+  return false;
+}
+
 a_symbol *new_macro_symbol(a_symbol_header *header, const a_source_position *pos) {
   a_symbol *macro_symbol = enter_macro_symbol(header, pos);
   a_macro_def *def = static_cast<a_macro_def *>(alloc_in_region(0, sizeof(a_macro_def)));

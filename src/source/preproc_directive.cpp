@@ -155,8 +155,10 @@ a_symbol_header *scan_directive_identifier(a_source_position *pos) {
   const char *start = curr_char_loc;
   const char *end = end_of_pp_token(start, &kind, nullptr);
   if (kind != ptk_identifier) return nullptr;
+  a_symbol_header *header = header_of_identifier(start, static_cast<std::size_t>(end - start));
+  if (is_operator_word(header)) return nullptr;
   curr_char_loc = end;
-  return header_of_identifier(start, static_cast<std::size_t>(end - start));
+  return header;
 }
 
 void begin_directive_tokens(a_directive_token_scan *scan) {

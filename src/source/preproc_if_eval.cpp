@@ -95,12 +95,14 @@ bool plain_number(const char *p, const char *end, a_pp_value *value) {
   for (; p != end; ++p) {
     if ((*p == 'u' || *p == 'U') && !is_unsigned)
       is_unsigned = true;
-    else if (*p == 'l' || *p == 'L')
+    else if ((*p == 'l' || *p == 'L') && (longs == 0 || p[-1] == *p))
       ++longs;
     else
       return false;
   }
-  if (longs > 2 || (radix == 10 && !is_unsigned && bits > INT64_MAX)) return false;
+  if (longs > 2 || (radix == 8 && check_misra_c_2004) ||
+      (radix == 10 && !is_unsigned && bits > INT64_MAX))
+    return false;
   *value = {bits, is_unsigned || bits > INT64_MAX};
   return true;
 }
@@ -113,7 +115,13 @@ a_pp_value scan_literal_token() {
   begin_directive_tokens(&scan);
   fetch_pp_tokens = false;
   a_token_kind token = get_token();
-  if (token == tok_int_constant || token == tok_char_constant) {
+  bool is_ud_literal_with_message =
+      token == tok_ud_literal && ud_lit_error_for_curr_token == ec_no_error;
+  bool is_literal =
+      token == tok_int_constant || token == tok_char_constant || token == tok_float_constant;
+  if ((is_literal || is_ud_literal_with_message) && const_for_curr_token.kind == ck_error) {
+    failed = true;  // what was wrong with it has been said
+  } else if (token == tok_int_constant || token == tok_char_constant) {
     value = {const_for_curr_token.integer_value, !int_constant_is_signed(&const_for_curr_token)};
     // 'a' is an int; L'a', u'a' and U'a' have unsigned types.
     bool is_plain = *start == '\'' || (*start == 'u' && start[1] == '8');
@@ -145,10 +153,15 @@ a_pp_value value_of_name(const char *name, const char *end) {
     if (length == 4 && std::memcmp(name, "true", 4) == 0) return {1, false};
     if (length == 5 && std::memcmp(name, "false", 5) == 0) return {0, false};
   }
-  if (evaluating && !failed) {
+  if (failed) return {};
+  a_symbol_header *header = header_of_identifier(name, length);
+  if (is_operator_word(header)) {
+    fail_at(name, ec_exp_primary_expr);
+  } else if (variadic_macros_allowed && std::strcmp(header->name, "__VA_ARGS__") == 0) {
+    fail_at(name, ec_VA_ARGS_not_allowed);
+  } else if (evaluating) {
     a_source_position pos;
     source_position_at(name, &pos);
-    a_symbol_header *header = header_of_identifier(name, length);
     pos_st_remark(ec_undefined_preproc_id, &pos, header->name);
     report_misra(ec_misra_c_2004_19_11, &pos);
   }
@@ -163,6 +176,13 @@ bool expand_name(const char *name, const char *end) {
   bool inert;
   curr_char_loc = end;
   return expand_macro_at(macro_symbol, name, &inert);
+}
+
+// The message for what begins no operand.
+an_error_code code_for_wrong_start(char c) {
+  if (c == '"' || c == '\'') return ec_unclosed_string;
+  bool starts_no_token = c != '\0' && (c < ' ' || c == 0x7f || std::strchr("$@`\\", c) != nullptr);
+  return starts_no_token ? ec_bad_token : ec_exp_primary_expr;
 }
 
 a_pp_value scan_primary() {
@@ -197,7 +217,7 @@ a_pp_value scan_primary() {
       fail_at(curr_char_loc, ec_exp_rparen);
     return value;
   }
-  fail_at(start, *start == '"' || *start == '\'' ? ec_unclosed_string : ec_exp_primary_expr);
+  fail_at(start, code_for_wrong_start(*start));
   return {};
 }
 

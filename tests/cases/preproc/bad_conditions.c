@@ -153,7 +153,7 @@ int ok5;
 #endif
 #if @
 //  ^
-// expect: error #29 expected an expression
+// expect: error #7 unrecognized token
 #endif
 #if defined
 //         ^

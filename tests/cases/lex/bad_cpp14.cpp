@@ -30,6 +30,4 @@ auto m = 'ab'_y; auto st = "a"_y "b"_z;
 // expect: error #2844 user-defined literal suffix does not match the earlier "_y"
 int bad = 12\u0040_;
 //          ^
-// expect: error #1022 universal character name is not allowed in an identifier
-//          ^
-// expect: error #66 expected a ";"
+// expect: error #2842 non-identifier character
