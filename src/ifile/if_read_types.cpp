@@ -61,16 +61,21 @@ void IF_READER::read_types(std::uint64_t position) {
   check_types_complete();
 }
 
+static bool is_name_of_type(const TYPE *type) {
+  return type->kind == TYPE::TYPEDEF || type->kind == TYPE::QUALIFIED;
+}
+
 // Every id that was used has its record, and the forms without typedefs and qualifiers are known.
 void IF_READER::check_types_complete() {
   for (std::size_t id = 1; id < types_by_id.size(); id++)
     if (types_by_id[id] != nullptr && !type_is_read[id])
       throw an_if_damage(first_use[id], "invalid forward reference");
+  for (TYPE *type : type_list)
+    type->stripped = nullptr;
   for (TYPE *type : type_list) {
     TYPE *target = type;
     std::size_t steps = 0;
-    while (target != nullptr &&
-           (target->kind == TYPE::TYPEDEF || target->kind == TYPE::QUALIFIED)) {
+    while (target != nullptr && target->stripped == nullptr && is_name_of_type(target)) {
       target = target->component;
       if (++steps > type_list.size())
         throw an_if_damage(first_use[static_cast<std::size_t>(type->uid)],
@@ -78,7 +83,12 @@ void IF_READER::check_types_complete() {
     }
     if (target == nullptr)
       throw an_if_damage(first_use[static_cast<std::size_t>(type->uid)], "a type without a target");
-    type->stripped = target;
+    if (target->stripped != nullptr) target = target->stripped;
+    // The whole way is known now: a long chain is walked once.
+    for (TYPE *step = type; step->stripped == nullptr && is_name_of_type(step);
+         step = step->component)
+      step->stripped = target;
+    target->stripped = target;
   }
 }
 
