@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 
 #include "DIAG/error.h"
 #include "driver/host_envir.h"
@@ -72,11 +73,22 @@ std::FILE *open_input_file(const char *name, bool binary, an_open_file_result *r
   return fopen_with_result(name, binary ? "rb" : "r", result);
 }
 
+// The outputs of this run: two of them in one file would spoil each other.
+static a_unique_file_id output_ids[8];
+static std::size_t num_output_ids;
+
+static bool is_other_output(const a_unique_file_id &file) {
+  for (std::size_t i = 0; i < num_output_ids; ++i)
+    if (same_unique_file_ids(&output_ids[i], &file)) return true;
+  return false;
+}
+
 bool okay_as_output_file(const char *name) {
   if (primary_source_file_name == nullptr) return true;
   if (f_compare_file_names(name, primary_source_file_name, false) == 0) return false;
   a_unique_file_id output, source;  // one file can have several names
   get_unique_id_for_file(name, &output);
+  if (is_other_output(output)) return false;
   get_unique_id_for_file(primary_source_file_name, &source);
   return !same_unique_file_ids(&output, &source);
 }
@@ -88,7 +100,10 @@ std::FILE *open_output_file(const char *name, bool binary, bool append_read,
     *result = {off_bad_name, 0};
     return nullptr;
   }
-  return fopen_with_result(name, modes[binary][append_read], result);
+  std::FILE *stream = fopen_with_result(name, modes[binary][append_read], result);
+  if (stream != nullptr && num_output_ids < std::size(output_ids))
+    get_unique_id_for_file(name, &output_ids[num_output_ids++]);
+  return stream;
 }
 
 bool close_output_file(std::FILE *stream, int *errno_value) {
