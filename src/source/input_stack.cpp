@@ -285,7 +285,9 @@ bool physical_source_line(const a_source_position *pos, a_text_buffer *out) {
 
 // ---- Life cycle --------------------------------------------------------------------------------
 
-void input_stack_one_time_init() {}
+void input_stack_early_init() {
+  forget_output_files();
+}
 
 void input_stack_init() {
   forget_images();

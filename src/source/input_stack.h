@@ -272,7 +272,7 @@ a_file_image *image_of_source_file(const char *name, an_open_file_result *result
 // ---- Life cycle --------------------------------------------------------------------------------
 
 // Called by the routines of the same names in lexical.h.
-void input_stack_one_time_init();
+void input_stack_early_init();
 void input_stack_init();
 void input_stack_trans_unit_init();
 

@@ -73,7 +73,7 @@ std::FILE *open_input_file(const char *name, bool binary, an_open_file_result *r
   return fopen_with_result(name, binary ? "rb" : "r", result);
 }
 
-// The outputs of this run: two of them in one file would spoil each other.
+// The regular files that this run writes: two outputs in one file would spoil each other.
 static a_unique_file_id output_ids[8];
 static std::size_t num_output_ids;
 
@@ -81,6 +81,10 @@ static bool is_other_output(const a_unique_file_id &file) {
   for (std::size_t i = 0; i < num_output_ids; ++i)
     if (same_unique_file_ids(&output_ids[i], &file)) return true;
   return false;
+}
+
+void forget_output_files() {
+  num_output_ids = 0;
 }
 
 bool okay_as_output_file(const char *name) {
@@ -101,7 +105,7 @@ std::FILE *open_output_file(const char *name, bool binary, bool append_read,
     return nullptr;
   }
   std::FILE *stream = fopen_with_result(name, modes[binary][append_read], result);
-  if (stream != nullptr && num_output_ids < std::size(output_ids))
+  if (stream != nullptr && num_output_ids < std::size(output_ids) && is_regular_file(name))
     get_unique_id_for_file(name, &output_ids[num_output_ids++]);
   return stream;
 }

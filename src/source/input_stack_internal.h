@@ -56,6 +56,8 @@ void init_white_space();
 char *reserve_text_space(std::size_t *size);
 // Files are read anew from now on; what holds an image keeps it.
 void forget_images();
+// Of an earlier run in this process.
+void forget_output_files();
 
 // The least padding behind the text of a file image.
 inline constexpr std::size_t image_padding = 64;

@@ -303,6 +303,7 @@ void add_concatenation_record(a_concatenation_record **head, a_concatenation_rec
 
 // ---- Life cycle --------------------------------------------------------------------------------
 
+void lexical_early_init();
 void lexical_one_time_init();
 void lexical_init();
 void lexical_trans_unit_init();

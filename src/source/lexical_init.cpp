@@ -42,9 +42,12 @@ void reset_scanner_state() {
 
 }  // namespace
 
+void lexical_early_init() {
+  input_stack_early_init();
+}
+
 void lexical_one_time_init() {
   init_character_tables();
-  input_stack_one_time_init();
   register_token_state();
 }
 
